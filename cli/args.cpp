@@ -1,0 +1,103 @@
+#include "cli/args.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "textutil/date_time.h"
+#include "textutil/latlng.h"
+
+namespace quillmere::cli {
+namespace {
+
+[[noreturn]] void Bad(const std::string& option, const std::string& text, const char* why) {
+  throw UsageError("bad " + option + " '" + text + "': " + why);
+}
+
+// A whole decimal number and nothing else.
+std::optional<double> Decimal(const std::string& text) {
+  if (text.empty()) return std::nullopt;
+  char* end = nullptr;
+  const double v = std::strtod(text.c_str(), &end);
+  if (*end != '\0' || !std::isfinite(v) || text.find_first_of("xXnN") != std::string::npos)
+    return std::nullopt;
+  return v;
+}
+
+}  // namespace
+
+Args::Args(const std::vector<std::string>& words, const std::set<std::string>& options,
+           const std::set<std::string>& flags) {
+  for (size_t i = 0; i < words.size(); ++i) {
+    const std::string& w = words[i];
+    if (options.count(w)) {
+      if (i + 1 >= words.size()) throw UsageError("missing value for " + w);
+      if (Has(w)) throw UsageError("repeated option " + w);
+      values_[w] = words[++i];
+    } else if (flags.count(w)) {
+      values_[w] = "";
+    } else {
+      throw UsageError("unknown argument '" + w + "'");
+    }
+  }
+}
+
+const std::string& Args::Required(const std::string& name) const {
+  const auto it = values_.find(name);
+  if (it == values_.end()) throw UsageError("missing " + name);
+  return it->second;
+}
+
+std::optional<std::string> Args::Optional(const std::string& name) const {
+  const auto it = values_.find(name);
+  if (it == values_.end()) return std::nullopt;
+  return it->second;
+}
+
+double ParseInstant(const std::string& option, const std::string& text, bool dateAlone) {
+  int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0, used = 0;
+  const bool full = std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d%n", &y, &mo, &d, &h, &mi, &s,
+                                &used) == 6 &&
+                    used == static_cast<int>(text.size()) && text.size() == 19;
+  const bool date = !full && dateAlone &&
+                    std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &mo, &d, &used) == 3 &&
+                    used == static_cast<int>(text.size()) && text.size() == 10;
+  if (!full && !date)
+    Bad(option, text,
+        dateAlone ? "expected YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS (UT)"
+                  : "expected YYYY-MM-DDTHH:MM:SS (UT)");
+  if (y < kFirstYear || y > kLastYear) Bad(option, text, "year out of range 100 to 9999");
+  const auto day = DateSerial(y, mo, d);
+  const auto back = day ? SplitDateTime(*day) : std::nullopt;
+  if (mo < 1 || mo > 12 || !back || back->day != d) Bad(option, text, "no such date");
+  if (h > 23 || mi > 59 || s > 59) Bad(option, text, "no such time of day");
+  return *day + TimeSerial(h, mi, s);
+}
+
+float ParseLatitude(const std::string& option, const std::string& text) {
+  if (text.find(':') != std::string::npos) {
+    std::string s = text;
+    const float v = TextToLat(s);
+    if (v == kLatLongError) Bad(option, text, "out of range -90 to 90");
+    return v;
+  }
+  const auto v = Decimal(text);
+  if (!v) Bad(option, text, "not a number");
+  if (*v < -90 || *v > 90) Bad(option, text, "out of range -90 to 90");
+  return static_cast<float>(*v);
+}
+
+float ParseLongitude(const std::string& option, const std::string& text) {
+  if (text.find(':') != std::string::npos) {
+    std::string s = text;
+    const float v = TextToLong(s);
+    if (v == kLatLongError) Bad(option, text, "out of range 0 to 360");
+    return v;
+  }
+  const auto v = Decimal(text);
+  if (!v) Bad(option, text, "not a number");
+  if (*v < -360 || *v > 360) Bad(option, text, "out of range -360 to 360");
+  return static_cast<float>(*v);
+}
+
+}  // namespace quillmere::cli

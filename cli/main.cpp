@@ -1,0 +1,181 @@
+// quillmere-cli: the program's core without its windows. It adds no logic of its own.
+
+#include <cstdio>
+#include <functional>
+#include <iostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cli/args.h"
+#include "cli/output.h"
+#include "ephemeris/ephemeris.h"
+#include "textutil/date_time.h"
+
+namespace quillmere::cli {
+namespace {
+
+struct Observer {
+  float ObsLat = 0;
+  float ObsLong = 0;
+};
+
+Observer ReadObserver(const Args& args) {
+  return {ParseLatitude("--lat", args.Required("--lat")),
+          ParseLongitude("--long", args.Required("--long"))};
+}
+
+void Print(const Record& record, bool json) {
+  std::fputs(json ? record.Json().c_str() : record.Text().c_str(), stdout);
+}
+
+int Instant(const Args& args) {
+  EphemerisState s;
+  s.T = ParseInstant("--time", args.Required("--time"), false);
+  const Observer obs = ReadObserver(args);
+  ComputeSiderealTime(s, obs.ObsLong);
+  ComputeInstant(s, obs.ObsLat);
+
+  Record r;
+  r.Add("T", s.T);
+  r.Add("SavedT", s.SavedT);
+  r.Add("JD0", s.JD0);
+  r.Add("Day1900", s.Day1900);
+  r.Add("LMST0", s.LMST0);
+  r.Add("LMST", s.LMST);
+  r.Add("SunRA", s.SunRA);
+  r.Add("SunDec", s.SunDec);
+  r.Add("SunRAText", s.SunRAText);
+  r.Add("SunDecText", s.SunDecText);
+  r.Add("JupRA", s.JupRA);
+  r.Add("JupDec", s.JupDec);
+  r.Add("JupRAText", s.JupRAText);
+  r.Add("JupDecText", s.JupDecText);
+  r.Add("CML3", s.CML3);
+  r.Add("IoPhase", s.IoPhase);
+  r.Add("JupAlt", s.JupAlt);
+  r.Add("JupAz", s.JupAz);
+  r.Add("SunAlt", s.SunAlt);
+  r.Add("SunAz", s.SunAz);
+  r.Add("JupRise", s.JupRise);
+  r.Add("JupSet", s.JupSet);
+  r.Add("SunRise", s.SunRise);
+  r.Add("SunSet", s.SunSet);
+  if (!args.Has("--json"))
+    std::printf("%s UT\n", FormatDateTime(s.T, "yyyy-mm-dd hh:nn:ss").c_str());
+  Print(r, args.Has("--json"));
+  return 0;
+}
+
+int Minutes(const Args& args) {
+  const double day = ParseInstant("--day", args.Required("--day"), true);
+  const Observer obs = ReadObserver(args);
+  EphemerisState s;
+  s.T = day;
+  SaveT(s);
+  MinuteTables t;
+  FillMinuteTables(s, t, day, obs.ObsLat, obs.ObsLong);
+
+  if (args.Has("--json")) {
+    Record r;
+    r.Add("MinuteCML", t.MinuteCML);
+    r.Add("MinuteIo", t.MinuteIo);
+    r.Add("MinuteSunAlt", t.MinuteSunAlt);
+    r.Add("MinuteJupAlt", t.MinuteJupAlt);
+    r.Add("MinuteJupHA", t.MinuteJupHA);
+    Print(r, true);
+    return 0;
+  }
+  std::printf("%s, rows from 00:10:00 UT\n%5s %5s %5s %6s %6s %9s\n",
+              FormatDateTime(day, "yyyy-mm-dd").c_str(), "Row", "CML", "Io", "SunAlt", "JupAlt",
+              "JupHA");
+  for (int i = 0; i < kMinuteRows; ++i)
+    std::printf("%5d %5d %5d %6d %6d %9.4f\n", i, t.MinuteCML[i], t.MinuteIo[i], t.MinuteSunAlt[i],
+                t.MinuteJupAlt[i], static_cast<double>(t.MinuteJupHA[i]));
+  return 0;
+}
+
+struct Command {
+  const char* name;
+  const char* summary;
+  const char* usage;
+  std::set<std::string> options;
+  std::function<int(const Args&)> run;
+};
+
+const char* const kObserverHelp =
+    "  --lat L     observer latitude in degrees, north positive; decimal (41.5) or\n"
+    "              degrees:minutes[:seconds] (41:30, -41:30:00)\n"
+    "  --long L    observer longitude in degrees, WEST positive (80 is 80 degrees west);\n"
+    "              decimal, or degrees:minutes[:seconds] where a leading '-' means east\n"
+    "              (-75:30 is stored as 284.5)\n"
+    "  --json      one JSON object; numbers print their exact binary value\n";
+
+const std::vector<Command>& Commands() {
+  static const std::vector<Command> commands = {
+      {"instant",
+       "every position field for one UT instant",
+       "usage: quillmere-cli instant --time YYYY-MM-DDTHH:MM:SS --lat L --long L [--json]\n"
+       "\n"
+       "Sets T to the instant (UT), computes the sidereal times and every position, and\n"
+       "prints every field of the ephemeris state.\n"
+       "\n"
+       "  --time T    the instant in UT, e.g. 2006-07-05T12:00:00\n",
+       {"--time", "--lat", "--long"},
+       Instant},
+      {"minutes",
+       "the five minute tables of one day",
+       "usage: quillmere-cli minutes --day YYYY-MM-DD --lat L --long L [--json]\n"
+       "\n"
+       "Fills the minute tables of the day (rows 0 to 1440, from 00:10:00 UT) and prints\n"
+       "MinuteCML, MinuteIo, MinuteSunAlt, MinuteJupAlt and MinuteJupHA.\n"
+       "\n"
+       "  --day D     the UT day; a time of day, if given, is ignored\n",
+       {"--day", "--lat", "--long"},
+       Minutes},
+  };
+  return commands;
+}
+
+void PrintToolHelp() {
+  std::printf(
+      "usage: quillmere-cli COMMAND [OPTIONS]\n"
+      "\n"
+      "Quillmere's computations without its windows, for scripts and checks.\n"
+      "\n"
+      "Commands:\n");
+  for (const Command& c : Commands()) std::printf("  %-10s %s\n", c.name, c.summary);
+  std::printf("\n'quillmere-cli COMMAND --help' tells more of each.\n");
+}
+
+int Main(const std::vector<std::string>& words) {
+  if (words.empty()) throw UsageError("missing command (try --help)");
+  if (words[0] == "--help" || words[0] == "-h" || words[0] == "help") {
+    PrintToolHelp();
+    return 0;
+  }
+  for (const Command& c : Commands()) {
+    if (words[0] != c.name) continue;
+    const std::vector<std::string> rest(words.begin() + 1, words.end());
+    for (const std::string& w : rest) {
+      if (w == "--help" || w == "-h") {
+        std::printf("%s\n%s", c.usage, kObserverHelp);
+        return 0;
+      }
+    }
+    return c.run(Args(rest, c.options, {"--json"}));
+  }
+  throw UsageError("unknown command '" + words[0] + "' (try --help)");
+}
+
+}  // namespace
+}  // namespace quillmere::cli
+
+int main(int argc, char** argv) {
+  try {
+    return quillmere::cli::Main(std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const quillmere::cli::UsageError& e) {
+    std::fprintf(stderr, "quillmere-cli: %s\n", e.what());
+    return 2;
+  }
+}

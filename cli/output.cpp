@@ -1,0 +1,90 @@
+#include "cli/output.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace quillmere::cli {
+namespace {
+
+std::string Printf(const char* format, double value) {
+  char buf[64];
+  std::snprintf(buf, sizeof buf, format, value);
+  return buf;
+}
+
+template <typename T>
+std::string JsonArray(std::span<const T> values) {
+  std::string out = "[";
+  for (size_t i = 0; i < values.size(); ++i) {
+    if (i) out += ',';
+    if constexpr (std::is_same_v<T, float>)
+      out += JsonNumber(values[i]);
+    else
+      out += std::to_string(values[i]);
+  }
+  return out + "]";
+}
+
+}  // namespace
+
+std::string JsonNumber(double value) {
+  return Printf("%.17g", value);
+}
+std::string JsonNumber(float value) {
+  return Printf("%.9g", value);
+}
+
+std::string JsonString(const std::string& text) {
+  std::string out = "\"";
+  for (unsigned char c : text) {
+    if (c == '"' || c == '\\') {
+      out += '\\';
+      out += static_cast<char>(c);
+    } else if (c < 0x20) {
+      char buf[8];
+      std::snprintf(buf, sizeof buf, "\\u%04x", c);
+      out += buf;
+    } else {
+      out += static_cast<char>(c);
+    }
+  }
+  return out + "\"";
+}
+
+void Record::Add(const std::string& name, double value) {
+  fields_.push_back({name, JsonNumber(value), Printf("%.15g", value)});
+}
+void Record::Add(const std::string& name, float value) {
+  fields_.push_back({name, JsonNumber(value), Printf("%.7g", value)});
+}
+void Record::Add(const std::string& name, const std::string& text) {
+  fields_.push_back({name, JsonString(text), text});
+}
+void Record::Add(const std::string& name, std::span<const int16_t> values) {
+  fields_.push_back({name, JsonArray(values), ""});
+}
+void Record::Add(const std::string& name, std::span<const float> values) {
+  fields_.push_back({name, JsonArray(values), ""});
+}
+
+std::string Record::Json() const {
+  std::string out = "{";
+  for (size_t i = 0; i < fields_.size(); ++i) {
+    if (i) out += ",";
+    out += "\n  " + JsonString(fields_[i].name) + ": " + fields_[i].json;
+  }
+  return out + "\n}\n";
+}
+
+std::string Record::Text() const {
+  size_t width = 0;
+  for (const Field& f : fields_) width = std::max(width, f.name.size());
+  std::string out;
+  for (const Field& f : fields_) {
+    if (f.text.empty() && f.json.starts_with("[")) continue;
+    out += f.name + std::string(width - f.name.size() + 2, ' ') + f.text + "\n";
+  }
+  return out;
+}
+
+}  // namespace quillmere::cli

@@ -1,0 +1,70 @@
+#include <cmath>
+
+#include "ephemeris/checked.h"
+#include "ephemeris/ephemeris.h"
+#include "ephemeris/horizon.h"
+#include "textutil/number_text.h"
+
+namespace quillmere {
+
+using checked::FoldDown;
+using checked::Store;
+
+void ComputeInstant(EphemerisState& s, float ObsLat) {
+  ComputePositions(s);
+  ComputeCML3(s, s.T);
+  ComputeIoPhase(s, s.Day1900);
+  ComputeHorizonCoords(s, ObsLat);
+  ComputeRiseSet(s, ObsLat);
+}
+
+void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,
+                      float ObsLong) {
+  tables = MinuteTables{};
+  const float keptLMST = s.LMST;
+
+  // The table starts at 00:10:00 UT; the constant is a hair short of ten minutes and reads as
+  // 00:10:00 at the nearest second.
+  Store(s.T, Int(day) + 0.006944444);
+  ComputeSiderealTime(s, ObsLong);
+  ComputePositions(s);
+  ComputeCML3(s, s.T);
+  ComputeIoPhase(s, s.Day1900);
+  ComputeRiseSet(s, ObsLat);
+
+  // Sun and Jupiter stand still for the whole day: only the sidereal time moves.
+  const horizon::Sky jupiter = horizon::MakeSky(ObsLat, s.JupRA, s.JupDec);
+  const horizon::Sky sun = horizon::MakeSky(ObsLat, s.SunRA, s.SunDec);
+  Horizon jup, sol;
+  for (int i = 1; i < kMinuteRows; ++i) {
+    // The sidereal time steps before it is read, so the altitudes run a minute ahead of the
+    // rate columns, which start at i - 1 = 0.
+    Store(s.LMST, s.LMST + 0.016712298);
+    if (s.LMST > 24) Store(s.LMST, s.LMST - 24.0);
+    jup = horizon::AtSiderealTime(jupiter, s.LMST);
+    sol = horizon::AtSiderealTime(sun, s.LMST);
+
+    float h = 0;
+    Store(h, s.LMST - s.JupRA);
+    if (h < -12) Store(h, h + 24.0);
+    if (h > 12) Store(h, h - 24.0);
+    tables.MinuteJupHA[i] = h;
+    Store(tables.MinuteJupAlt[i], Int(jup.altitude));
+    Store(tables.MinuteSunAlt[i], Int(sol.altitude));
+
+    const double minutes = i - 1;
+    Store(tables.MinuteCML[i], Int(s.CML3 + 0.6045389117618717 * minutes));
+    FoldDown(tables.MinuteCML[i], 360, 360);  // 360 itself stays
+    Store(tables.MinuteIo[i], Int(s.IoPhase + 0.14132278123233466 * minutes));
+    FoldDown(tables.MinuteIo[i], 360, 360);
+  }
+  Store(s.JupAlt, jup.altitude);
+  Store(s.JupAz, jup.azimuth);
+  Store(s.SunAlt, sol.altitude);
+  Store(s.SunAz, sol.azimuth);
+
+  s.LMST = keptLMST;
+  RestoreT(s);
+}
+
+}  // namespace quillmere

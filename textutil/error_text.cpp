@@ -1,0 +1,43 @@
+#include "textutil/error_text.h"
+
+#include <utility>
+
+#include "textutil/number_text.h"
+
+namespace quillmere {
+
+std::string ErrorText(long long number) {
+  static constexpr std::pair<int, const char*> kWords[] = {
+      {6, "OverFlow"},
+      {7, "Out of Memory"},
+      {11, "Division by Zero"},
+      {14, "Out of String Space"},
+      {28, "Out of Stack Space"},
+      {48, "Error Loading DLL"},
+      {52, "Bad File Name or Number"},
+      {53, "File Not Found"},
+      {54, "Bad File Mode"},
+      {55, "File Already Open"},
+      {57, "Device I/O Error"},
+      {58, "File Already Exists"},
+      {59, "Bad Record Length"},
+      {61, "Disk Full"},
+      {62, "Input Past End of File"},
+      {63, "Bad Record Number"},
+      {64, "Bad File Name"},
+      {67, "Too Many Files"},
+      {68, "Device Unavailable"},
+      {70, "Permission Denied"},
+      {71, "Disk Not Ready"},
+      {74, "Can't Rename with Different Drive"},
+      {75, "Path File Access Error"},
+      {76, "Path Not Found"},
+      {453, "Specified DLL Function Can't Be Found"},
+      {482, "Printer Error"},
+  };
+  for (const auto& [code, words] : kWords)
+    if (code == number) return words;
+  return "Error #" + NumberText(number);
+}
+
+}  // namespace quillmere

@@ -1,0 +1,29 @@
+#pragma once
+// Latitude and longitude to and from the text the user reads, hears and types:
+// degrees, minutes and seconds with colons and tenths of a second ("41:30:00.0").
+// Latitude is north positive; longitude is west positive, 0 to 360 as a rule.
+
+#include <string>
+
+namespace quillmere {
+
+// What TextToLat and TextToLong give for text out of range.
+inline constexpr float kLatLongError = -999.0f;
+
+std::string LatToText(float x);
+std::string LongToText(float x);
+
+// Plain decimal degrees ("41.5", "41,5") or the colon forms "41:30" and "41:30:15,5".
+// `s` is replaced by its trimmed form. Colon forms out of -90..90 give kLatLongError; a plain
+// decimal is given back whatever its size, for the caller to judge.
+float TextToLat(std::string& s);
+
+// As TextToLat, but a leading "-" means east of Greenwich in the colon forms ("-75:30" gives
+// 284.5) and a plain negative decimal stays negative. `s` is replaced by its trimmed form
+// without its sign. Colon forms out of 0..360 give kLatLongError.
+float TextToLong(std::string& s);
+
+// Val of the text after each comma in it has become a point (in `s` too); empty text gives 0.
+double ParseDecimal(std::string& s);
+
+}  // namespace quillmere
