@@ -1,1 +1,239 @@
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "textutil/date_time.h"
+#include "textutil/error_text.h"
+#include "textutil/latlng.h"
+#include "textutil/number_text.h"
+
+namespace quillmere {
+namespace {
+
+TEST(NumberText, ShortestTextWithBlankForNonNegative) {
+  EXPECT_EQ(NumberText(15), " 15");
+  EXPECT_EQ(NumberText(-5), "-5");
+  EXPECT_EQ(NumberText(0.45), " .45");
+  EXPECT_EQ(NumberText(-0.45), "-.45");
+  EXPECT_EQ(NumberText(0), " 0");
+  EXPECT_EQ(NumberText(41.5f), " 41.5");
+  // A 32-bit value shows seven digits, not the digits of its binary expansion.
+  EXPECT_EQ(NumberText(47.85f), " 47.85");
+  EXPECT_EQ(NumberText(0.1f), " .1");
+  EXPECT_EQ(NumberText(1.0 / 3), " .333333333333333");
+  EXPECT_EQ(NumberText(1.0f / 3), " .3333333");
+  EXPECT_EQ(NumberText(0.00001), " 1E-05");
+  EXPECT_EQ(NumberText(12345678.0f), " 1.234568E+07");
+}
+
+struct FormatCase {
+  double value;
+  bool single;  // formatted as a 32-bit value
+  const char* pattern;
+  const char* text;
+};
+
+TEST(Format, Patterns) {
+  const FormatCase cases[] = {
+      {5, false, "00", "05"},
+      {-1, false, "00", "-01"},
+      {29.5, false, "00", "30"},  // half away from zero
+      {-29.5, false, "00", "-30"},
+      {123, false, "00", "123"},
+      {7.25, false, "000", "007"},
+      {7.25, false, "00.0", "07.3"},
+      {47.85f, true, "000.0", "047.9"},   // held as 47.84999847, read by its seven digits
+      {47.85f, false, "000.0", "047.8"},  // the same binary value read by fifteen digits
+      {-0.04, false, "00.0", "-00.0"},    // rounds to zero, keeps its sign
+      {0.04, false, "00.0", "00.0"},
+      {59.96, false, "00.0", "60.0"},
+      {1.005, false, "000.00", "001.01"},  // 1.00499999999999989 reads as 1.00500000000000
+      {0.5, false, "000.00", "000.50"},
+      {0, false, "##", ""},
+      {7, false, "##", "7"},
+      {12, false, "##", "12"},
+      {0, false, "#0", "0"},
+      {3, false, "#0", "3"},
+      {999.96, false, "000.0", "1000.0"},
+      {0.0000001, false, "00.0", "00.0"},
+  };
+  for (const FormatCase& c : cases) {
+    const std::string got =
+        c.single ? Format(static_cast<float>(c.value), c.pattern) : Format(c.value, c.pattern);
+    EXPECT_EQ(got, c.text) << c.value << " by " << c.pattern << (c.single ? " (32-bit)" : "");
+  }
+}
+
+TEST(Val, LongestNumericPrefix) {
+  const struct {
+    const char* text;
+    double value;
+  } cases[] = {
+      {"", 0},        {"abc", 0},       {"  12", 12},     {"\t-3.5x", -3.5}, {"+.5", 0.5},
+      {"1.5e2", 150}, {"1.5D2", 150},   {"2E", 2},        {"2E+", 2},        {"2e-1z", 0.2},
+      {".", 0},       {"-", 0},         {"1 2", 1},       {"41,5", 41},      {"12:30", 12},
+      {"007", 7},     {"-0.25", -0.25}, {" 4711 ", 4711}, {"1.2.3", 1.2},    {"--1", 0},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Val(c.text), c.value) << "'" << c.text << "'";
+  EXPECT_TRUE(std::isinf(Val("1e999")));
+}
+
+TEST(Rounding, IntFixAndHalfEven) {
+  EXPECT_EQ(Int(-0.5), -1);
+  EXPECT_EQ(Fix(-0.5), 0);
+  EXPECT_EQ(Int(2.7), 2);
+  EXPECT_EQ(Fix(-2.7), -2);
+  EXPECT_EQ(RoundHalfEven(2.5), 2);
+  EXPECT_EQ(RoundHalfEven(3.5), 4);
+  EXPECT_EQ(RoundHalfEven(-2.5), -2);
+}
+
+TEST(DateTime, ComposeWithRollOver) {
+  const struct {
+    int y, m, d;
+    double value;
+  } cases[] = {
+      {1899, 12, 30, 0},    {1899, 12, 31, 1},   {1900, 1, 1, 2},
+      {2000, 1, 1, 36526},  {2006, 7, 5, 38903}, {2006, 13, 1, 39083},  // 1 January 2007
+      {2006, 3, 0, 38776},                                              // 28 February 2006
+      {2006, 1, -1, 38716},                                             // 30 December 2005
+      {2006, 0, 1, 38687},                                              // 1 December 2005
+      {2004, 2, 30, 38047},                                             // 1 March 2004
+      {1899, 12, 29, -1},
+  };
+  for (const auto& c : cases) {
+    const auto v = DateSerial(c.y, c.m, c.d);
+    ASSERT_TRUE(v) << c.y << "-" << c.m << "-" << c.d;
+    EXPECT_EQ(*v, c.value) << c.y << "-" << c.m << "-" << c.d;
+  }
+  EXPECT_FALSE(DateSerial(10000, 1, 1));
+  EXPECT_FALSE(DateSerial(99, 12, 31));
+  EXPECT_FALSE(DateSerial(9999, 12, 32));
+  EXPECT_FALSE(DateSerial(2000000000, 1, 1));
+  EXPECT_EQ(TimeSerial(12, 0, 0), 0.5);
+  EXPECT_EQ(TimeSerial(0, 10, 0), 600.0 / 86400);
+}
+
+TEST(DateTime, SplitAtTheNearestSecond) {
+  const double day = *DateSerial(2006, 7, 5);
+  const struct {
+    double value;
+    int y, mo, d, h, mi, s;
+  } cases[] = {
+      {day + 0.5, 2006, 7, 5, 12, 0, 0},
+      {day + 0.006944444, 2006, 7, 5, 0, 10, 0},  // a hair short of ten minutes
+      {day + 59.4 / 86400, 2006, 7, 5, 0, 0, 59},
+      {day + 1.0 / 256, 2006, 7, 5, 0, 5, 38},  // exactly 00:05:37.5: the half goes up
+      {day + 255.0 / 256, 2006, 7, 5, 23, 54, 23},
+      {day + 86399.6 / 86400, 2006, 7, 6, 0, 0, 0},  // rounds into the next day
+      {day + 86399.4 / 86400, 2006, 7, 5, 23, 59, 59},
+      {-0.25, 1899, 12, 29, 18, 0, 0},
+      {*DateSerial(2000, 2, 29), 2000, 2, 29, 0, 0, 0},
+  };
+  for (const auto& c : cases) {
+    const auto f = SplitDateTime(c.value);
+    ASSERT_TRUE(f) << c.value;
+    EXPECT_EQ((std::array{f->year, f->month, f->day, f->hour, f->minute, f->second}),
+              (std::array{c.y, c.mo, c.d, c.h, c.mi, c.s}))
+        << c.value;
+  }
+  EXPECT_FALSE(SplitDateTime(std::numeric_limits<double>::quiet_NaN()));
+  EXPECT_FALSE(SplitDateTime(1e12));
+}
+
+TEST(DateTime, Patterns) {
+  const double t = *DateSerial(2006, 7, 5) + TimeSerial(13, 4, 9);
+  EXPECT_EQ(FormatDateTime(t, "MM/DD/YYYY HH:nn:ss"), "07/05/2006 13:04:09");
+  EXPECT_EQ(FormatDateTime(t, "yyyy-mm-dd"), "2006-07-05");
+  EXPECT_EQ(FormatDateTime(t, "hh:mm"), "13:04");  // minutes after an hour field
+  EXPECT_EQ(FormatDateTime(t, "hh:mm dd/mm"), "13:04 05/07");
+  EXPECT_EQ(FormatDateTime(t, "dd.mm.yyyy"), "05.07.2006");
+  EXPECT_EQ(FormatDateTime(1e12, "yyyy"), "");
+}
+
+TEST(LatLng, ToText) {
+  const struct {
+    float x;
+    bool longitude;
+    const char* text;
+  } cases[] = {
+      {41.5f, false, "41:30:00.0"},
+      {-41.5f, false, "-41:30:00.0"},
+      {-0.5f, false, "-0:30:00.0"},
+      {0, false, "0:00:00.0"},
+      {30, false, "30:00:00.0"},
+      {75.5f, true, "75:30:00.0"},
+      {-75.5f, true, "-75:30:00.0"},
+      {284.5f, true, "284:30:00.0"},
+      {41.25f, false, "41:15:00.0"},
+      // A fraction of a second short of a whole degree carries into the next degree; the
+      // seconds keep the sign of what was left, a hair below zero.
+      {41.99999f, false, "42:00:-00.0"},
+      {10.99999f, true, "11:00:-00.0"},
+      {89.99999f, false, "0:00:-00.0"},  // the carry reaches 90 and wraps
+      {-41.99999f, false, "-42:00:-00.0"},
+      {-0.99999f, false, "-1:00:-00.0"},
+      {41.9998f, false, "41:59:59.3"},
+  };
+  for (const auto& c : cases)
+    EXPECT_EQ(c.longitude ? LongToText(c.x) : LatToText(c.x), c.text) << c.x;
+}
+
+TEST(LatLng, FromText) {
+  const struct {
+    const char* text;
+    bool longitude;
+    float value;
+    const char* trimmed;
+  } cases[] = {
+      {"41:30", false, 41.5f, "41:30"},
+      {" 41:30:00 ", false, 41.5f, "41:30:00"},
+      {"-41:30", false, -41.5f, "-41:30"},
+      {"41,5", false, 41.5f, "41.5"},
+      {"41:30:15,5", false, static_cast<float>(41 + 30.0 / 60 + 15.5 / 3600), "41:30:15,5"},
+      {"91:00:00", false, -999, "91:00:00"},
+      {"91", false, 91, "91"},
+      {"-90:00:00", false, -90, "-90:00:00"},
+      {"41:30.5", false, static_cast<float>(41 + 30.5 / 60), "41:30.5"},
+      {"41:29.5:00", false, static_cast<float>(41 + 30.0 / 60), "41:29.5:00"},  // minutes to even
+      {"75:30", true, 75.5f, "75:30"},
+      {"-75:30", true, 284.5f, "75:30"},
+      {"-75.5", true, -75.5f, "75.5"},
+      {"+75.5", true, 75.5f, "75.5"},
+      {"75,5", true, 75, "75,5"},  // no comma as decimal point in a plain longitude
+      {"361:00", true, -999, "361:00"},
+      {"-0:30", true, 359.5f, "0:30"},
+      {"", true, 0, ""},
+  };
+  for (const auto& c : cases) {
+    std::string s = c.text;
+    const float v = c.longitude ? TextToLong(s) : TextToLat(s);
+    EXPECT_EQ(v, c.value) << "'" << c.text << "'";
+    EXPECT_EQ(s, c.trimmed) << "'" << c.text << "'";
+  }
+  std::string huge = "1e300";
+  EXPECT_EQ(TextToLat(huge), kLatLongError);
+}
+
+TEST(LatLng, ParseDecimal) {
+  std::string s = "12,5";
+  EXPECT_EQ(ParseDecimal(s), 12.5);
+  EXPECT_EQ(s, "12.5");
+  std::string empty;
+  EXPECT_EQ(ParseDecimal(empty), 0);
+}
+
+TEST(ErrorText, WordsAndNumbers) {
+  EXPECT_EQ(ErrorText(53), "File Not Found");
+  EXPECT_EQ(ErrorText(6), "OverFlow");
+  EXPECT_EQ(ErrorText(74), "Can't Rename with Different Drive");
+  EXPECT_EQ(ErrorText(482), "Printer Error");
+  EXPECT_EQ(ErrorText(0), "Error # 0");
+  EXPECT_EQ(ErrorText(13), "Error # 13");
+  EXPECT_EQ(ErrorText(-1), "Error #-1");
+}
+
+}  // namespace
+}  // namespace quillmere

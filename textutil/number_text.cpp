@@ -44,6 +44,7 @@ void Increment(std::string& digits) {
 
 std::string NumberTextOf(double value, int significant) {
   if (!std::isfinite(value)) return std::isnan(value) ? " NaN" : (value < 0 ? "-Inf" : " Inf");
+  if (value == 0) value = 0;  // no "-0"
   char buf[64];
   std::snprintf(buf, sizeof buf, "%.*G", significant, value);
   std::string s(buf);
