@@ -376,6 +376,127 @@ TEST(MinuteTables, AltitudesRoundDownAndRunAMinuteAhead) {
   EXPECT_TRUE(sawNegativeFraction);
 }
 
+// Every digit of a few instants across the globe and the two centuries, as the arithmetic
+// of the routines gives them. A changed order of operations or a store at the wrong width
+// shows here first.
+TEST(EveryDigit, Instants) {
+  const struct {
+    double t;
+    float lat, lng;
+    double JD0, Day1900;
+    float LMST0, LMST, CML3, IoPhase;
+    double SunRA, SunDec, JupRA, JupDec, JupAlt, JupAz, SunAlt, SunAz, JupRise, JupSet, SunRise,
+        SunSet;
+  } cases[] = {
+      {At(2006, 7, 5, 12),
+       30,
+       80,
+       2453921.5,
+       38901,
+       13.5234327f,
+       1.55629385f,
+       203.740005f,
+       6.99789429f,
+       6.8437450702655864,
+       22.939819220849444,
+       14.454130986546936,
+       -13.367795901775295,
+       -69.227022781543994,
+       320.29255846284246,
+       20.047361690990005,
+       74.430324139848736,
+       19.456427253042239,
+       6.4049695365085411,
+       10.377396752661491,
+       0.26322824733851036},
+      {At(1913, 3, 17, 5, 43, 21),
+       -33.9f,
+       341.5f,
+       2419843.5,
+       4822.7384375000001,
+       12.8307285f,
+       18.5688972f,
+       300.799988f,
+       69.45401f,
+       23.73029322574839,
+       -1.7528777865233718,
+       19.058148194586089,
+       -22.51805483839378,
+       76.919369582123224,
+       31.424025632655415,
+       11.404927171968545,
+       84.378416322251951,
+       23.149021850548571,
+       13.305815948523694,
+       4.8210090248805892,
+       16.978120461203396},
+      {At(2087, 11, 2, 23, 59, 59),
+       89.5f,
+       -120,
+       2483626.5,
+       68606.49998842593,
+       10.7670898f,
+       10.8325577f,
+       56.0699997f,
+       18.383667f,
+       14.368878076388421,
+       -14.149382385012604,
+       12.452288335175053,
+       -1.713717325610536,
+       -1.2579911109563966,
+       155.70937591476417,
+       -13.848438921697147,
+       127.05474121328996,
+       -1,
+       -1,
+       -1,
+       -1},
+      {At(2031, 6, 21, 18, 7),
+       -65.25f,
+       200.75f,
+       2463038.5,
+       48018.254861111112,
+       4.54989433f,
+       22.7161789f,
+       141.460007f,
+       143.832733f,
+       5.8650489561265839,
+       23.436961853096484,
+       17.503930192136437,
+       -22.824942102107382,
+       25.550183928193707,
+       270.57136848851042,
+       -28.359586705206059,
+       95.237661126020043,
+       2.5596620649527821,
+       23.348411360340187,
+       23.989121132780408,
+       2.6411879721390257},
+  };
+  for (const auto& c : cases) {
+    const EphemerisState s = Instant(c.t, c.lat, c.lng);
+    SCOPED_TRACE(c.t);
+    EXPECT_EQ(s.JD0, c.JD0);
+    EXPECT_EQ(s.Day1900, c.Day1900);
+    EXPECT_EQ(s.LMST0, c.LMST0);
+    EXPECT_EQ(s.LMST, c.LMST);
+    EXPECT_EQ(s.CML3, c.CML3);
+    EXPECT_EQ(s.IoPhase, c.IoPhase);
+    EXPECT_EQ(s.SunRA, c.SunRA);
+    EXPECT_EQ(s.SunDec, c.SunDec);
+    EXPECT_EQ(s.JupRA, c.JupRA);
+    EXPECT_EQ(s.JupDec, c.JupDec);
+    EXPECT_EQ(s.JupAlt, c.JupAlt);
+    EXPECT_EQ(s.JupAz, c.JupAz);
+    EXPECT_EQ(s.SunAlt, c.SunAlt);
+    EXPECT_EQ(s.SunAz, c.SunAz);
+    EXPECT_EQ(s.JupRise, c.JupRise);
+    EXPECT_EQ(s.JupSet, c.JupSet);
+    EXPECT_EQ(s.SunRise, c.SunRise);
+    EXPECT_EQ(s.SunSet, c.SunSet);
+  }
+}
+
 TEST(FailureRule, DegenerateInputsNeverHangOrPoison) {
   // Far outside the calendar: the date split fails, the folds give up, nothing turns into NaN.
   for (double t : {1e15, -1e15, 1e300}) {
