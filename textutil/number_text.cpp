@@ -65,6 +65,15 @@ std::string FormatOf(double value, int significant, std::string_view pattern) {
     if (c == '0') ++minWhole;
   if (!std::isfinite(value)) return NumberTextOf(value, significant).substr(1);
 
+  // Whole numbers that fit the significant digits need no decimal conversion.
+  const double size = std::fabs(value);
+  if (size == std::trunc(size) && size < std::pow(10.0, significant)) {
+    std::string digits = size == 0 ? "" : std::to_string(static_cast<long long>(size));
+    const size_t wholeDigits = static_cast<size_t>(minWhole);
+    if (digits.size() < wholeDigits) digits.insert(0, wholeDigits - digits.size(), '0');
+    if (decimals > 0) digits += "." + std::string(decimals, '0');
+    return (value < 0 ? "-" : "") + digits;
+  }
   const Decimal d = ToDecimal(value, significant);
   // Digits of |value| x 10^decimals, rounded half away from zero at the units place.
   std::string scaled;
