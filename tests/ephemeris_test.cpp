@@ -351,31 +351,6 @@ TEST(MinuteTables, TimeOfDayIsIgnoredAndRangesHold) {
   }
 }
 
-TEST(MinuteTables, AltitudesRoundDownAndRunAMinuteAhead) {
-  EphemerisState s;
-  MinuteTables t;
-  FillMinuteTables(s, t, At(2006, 7, 5), 30, 80);
-  // Row i holds the altitude one sidereal step past the table's start; a negative fraction
-  // of a degree reads -1, never 0.
-  EphemerisState probe;
-  probe.T = At(2006, 7, 5) + 0.006944444;
-  ComputeSiderealTime(probe, 80);
-  ComputePositions(probe);
-  bool sawNegativeFraction = false;
-  float lmst = probe.LMST;
-  for (int i = 1; i < kMinuteRows; ++i) {
-    lmst = static_cast<float>(lmst + 0.016712298);
-    if (lmst > 24) lmst = static_cast<float>(lmst - 24.0);
-    const double alt = EquatorialToHorizon(30, lmst, probe.SunRA, probe.SunDec).altitude;
-    ASSERT_EQ(t.MinuteSunAlt[i], std::floor(alt)) << i;
-    if (alt < 0 && alt > -1) {
-      sawNegativeFraction = true;
-      ASSERT_EQ(t.MinuteSunAlt[i], -1);
-    }
-  }
-  EXPECT_TRUE(sawNegativeFraction);
-}
-
 // Every digit of a few instants across the globe and the two centuries, as the arithmetic
 // of the routines gives them. A changed order of operations or a store at the wrong width
 // shows here first.
