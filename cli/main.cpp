@@ -9,6 +9,7 @@
 
 #include "cli/args.h"
 #include "cli/output.h"
+#include "cli/storm_commands.h"
 #include "ephemeris/ephemeris.h"
 #include "textutil/date_time.h"
 
@@ -101,6 +102,7 @@ struct Command {
   const char* usage;
   std::set<std::string> options;
   std::function<int(const Args&)> run;
+  std::set<std::string> flags = {};
 };
 
 const char* const kObserverHelp =
@@ -133,6 +135,18 @@ const std::vector<Command>& Commands() {
        "  --day D     the UT day; a time of day, if given, is ignored\n",
        {"--day", "--lat", "--long"},
        Minutes},
+      {"predict",
+       "a day's predicted storm events, as the prediction window shows them",
+       kPredictUsage,
+       {"--day", "--lat", "--long", "--modes", "--jup-alt-min", "--sun-alt-max"},
+       Predict},
+      {"report",
+       "write the report file of a period",
+       kReportUsage,
+       {"--start", "--end", "--lat", "--long", "--modes", "--jup-alt-min", "--sun-alt-max",
+        "--min-duration", "--date-order", "--display-west", "--dir"},
+       Report,
+       {"--include-ha", "--io-only", "--no-none"}},
   };
   return commands;
 }
@@ -163,7 +177,9 @@ int Main(const std::vector<std::string>& words) {
         return 0;
       }
     }
-    return c.run(Args(rest, c.options, {"--json"}));
+    std::set<std::string> flags = c.flags;
+    flags.insert("--json");
+    return c.run(Args(rest, c.options, flags));
   }
   throw UsageError("unknown command '" + words[0] + "' (try --help)");
 }

@@ -1,0 +1,455 @@
+#include "stormmodel/prediction.h"
+
+#include <gtest/gtest.h>
+
+#include "storm_test_support.h"
+#include "stormmodel/report_options.h"
+#include "textutil/date_time.h"
+#include "textutil/number_text.h"
+
+namespace quillmere {
+namespace {
+
+using testing::RecordingUi;
+using testing::ScratchDir;
+
+double Day(int y, int m, int d) {
+  return *DateSerial(y, m, d);
+}
+
+// A window over plain state, with modes from the given file text.
+struct Fixture {
+  explicit Fixture(const std::string& modeFile = "All,0,360,0,360\r\nNever,0,360,200,100\r\n") {
+    LoadModeFile(dir.File("UFMODES.JMF", modeFile), storm.Modes);
+    program.ObsLat = 30;
+    program.ObsLong = 80;
+  }
+  ScratchDir dir;
+  EphemerisState s;
+  StormValues storm;
+  ProgramValues program;
+  MemorySettings settings;
+  RecordingUi ui;
+  PredictionWindow form3{s, storm, program, settings, ui};
+
+  // Marks of mode 1 from a pattern: runs of [first, last] minutes, all of them event minutes.
+  void Runs(std::initializer_list<std::pair<int, int>> runs, int16_t mark = 1) {
+    storm.DayActivity = ActivityTable{};
+    for (auto [a, b] : runs)
+      for (int i = a; i <= b; ++i) storm.DayActivity(1, i) = mark;
+  }
+  std::vector<std::string> Row(int r) const {
+    const auto& c = form3.Grid1.cells[r];
+    return {c.begin(), c.end()};
+  }
+};
+
+using Cells = std::vector<std::string>;
+
+TEST(MinutesToClock, Examples) {
+  EXPECT_EQ(MinutesToClock(0), "00:00");
+  EXPECT_EQ(MinutesToClock(65), "01:05");
+  EXPECT_EQ(MinutesToClock(600), "10:00");
+  EXPECT_EQ(MinutesToClock(1439), "23:59");
+}
+
+TEST(FillGrid, RunsBecomeBeginAndEnd) {
+  const struct {
+    std::vector<std::pair<int, int>> runs;
+    int16_t mark;
+    Cells row;
+  } cases[] = {
+      {{{1, 1440}}, 1, {"All", "00:00", "23:59", "", "", "", ""}},
+      {{{1, 10}}, 1, {"All", "00:00", "00:10", "", "", "", ""}},
+      {{{100, 1439}}, 1, {"All", "01:39", "23:59", "", "", "", ""}},
+      {{{2, 2}, {5, 6}, {9, 9}, {20, 30}},
+       1,
+       {"All", "00:01", "00:02", "00:04", "00:06", "00:08", "00:09"}},
+      {{{1440, 1440}}, 1, {"All", "NONE", "", "", "", "", ""}},
+      {{{1, 1440}}, -1, {"All", "NONE", "", "", "", "", ""}},
+  };
+  for (const auto& c : cases) {
+    Fixture f;
+    f.Runs({}, 1);
+    for (auto [a, b] : c.runs)
+      for (int i = a; i <= b; ++i) f.storm.DayActivity(1, i) = c.mark;
+    f.form3.FillGrid();
+    ASSERT_EQ(f.form3.Grid1.Rows(), 3);
+    EXPECT_EQ(f.Row(0), (Cells{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
+    EXPECT_EQ(f.Row(1), c.row);
+    EXPECT_EQ(f.Row(2), (Cells{"Never", "NONE", "", "", "", "", ""}));
+    EXPECT_EQ(f.form3.LBLMode[1], "Never");
+  }
+}
+
+TEST(FillGrid, AnExcludedMinuteSplitsARun) {
+  Fixture f;
+  f.Runs({{10, 20}});
+  f.storm.DayActivity(1, 15) = -1;
+  f.form3.FillGrid();
+  EXPECT_EQ(f.Row(1), (Cells{"All", "00:09", "00:14", "00:15", "00:20", "", ""}));
+}
+
+TEST(ComputeReportEvents, AltitudeLimitsAreInclusive) {
+  Fixture f;
+  MinuteTables& t = f.storm.Minutes;
+  f.storm.JupAltMin = 0;
+  f.storm.SunAltMax = 0;
+  t.MinuteJupAlt.fill(5);
+  t.MinuteSunAlt.fill(-5);
+  t.MinuteJupAlt[10] = 0;   // on the limit: kept
+  t.MinuteJupAlt[11] = -1;  // below
+  t.MinuteSunAlt[12] = 0;   // on the limit: kept
+  t.MinuteSunAlt[13] = 1;   // above
+  f.form3.ComputeReportEvents();
+  const ActivityTable& a = f.storm.DayActivity;
+  EXPECT_EQ(a(1, 10), 1);
+  EXPECT_EQ(a(1, 11), -1);
+  EXPECT_EQ(a(1, 12), 1);
+  EXPECT_EQ(a(1, 13), -1);
+  EXPECT_EQ(a(2, 11), 0);  // a limit never turns a 0 into -1
+  EXPECT_EQ(a(1, 0), 0);
+}
+
+TEST(ComputeReportEvents, MinimumDurationOnlyDuringAReport) {
+  Fixture f;
+  MinuteTables& t = f.storm.Minutes;
+  f.storm.JupAltMin = 0;
+  f.storm.SunAltMax = 0;
+  // Runs: 101-129 (29 minutes), 201-230 (30), 1420-1440 (20 counted, 1440 not among them).
+  t.MinuteJupAlt.fill(-10);
+  for (int i : {101, 201, 1420})
+    for (int k = i; k < i + (i == 101 ? 29 : i == 201 ? 30 : 21); ++k) t.MinuteJupAlt[k] = 10;
+  t.MinuteJupAlt[300] = 10;
+  f.storm.ReportMinDuration = 30;
+
+  f.form3.ComputeReportEvents();
+  EXPECT_EQ(f.storm.DayActivity(1, 101), 1);  // not shortened outside a report
+
+  f.form3.ReportRunning = -1;
+  f.form3.ComputeReportEvents();
+  const ActivityTable& a = f.storm.DayActivity;
+  EXPECT_EQ(a(1, 101), 0);
+  EXPECT_EQ(a(1, 129), 0);
+  EXPECT_EQ(a(1, 130), -1);  // excluded minutes stay
+  EXPECT_EQ(a(1, 201), 1);
+  EXPECT_EQ(a(1, 230), 1);
+  EXPECT_EQ(a(1, 300), 0);
+  EXPECT_EQ(a(1, 1420), 0);
+  EXPECT_EQ(a(1, 1439), 0);
+  EXPECT_EQ(a(1, 1440), 1);  // the run stops counting at 1440, which it never clears
+}
+
+TEST(DoPredictions, SavesLimitsAndRestoresT) {
+  Fixture f;
+  f.s.T = Day(2006, 7, 5) + 0.25;
+  f.form3.txtJupAltMin = "100";
+  f.form3.txtSunAltMax = " 15abc";
+  f.form3.txtYear = " 2006";
+  f.form3.txtMonth = "7";
+  f.form3.txtDay = "5";
+  f.form3.CmdPredict_Click();
+  EXPECT_EQ(f.s.T, Day(2006, 7, 5) + 0.25);
+  EXPECT_EQ(f.settings.writes, (std::vector<std::string>{"Settings/ReportJupAltMin= 100",
+                                                         "settings/ReportSunAltMax= 15"}));
+  EXPECT_EQ(f.Row(1)[1], "NONE");  // Jupiter is never above 100 degrees
+  EXPECT_EQ(f.form3.txtJupAltMin, "90");
+  EXPECT_EQ(f.form3.txtSunAltMax, "15");
+}
+
+TEST(DoPredictions, RefusesDaysBefore1900) {
+  Fixture f;
+  f.form3.PredictTime = Day(1899, 12, 31);
+  f.form3.DoPredictions();
+  EXPECT_EQ(f.ui.messages, (std::vector<std::string>{"Dates Prior to 1900 are not permitted."}));
+  EXPECT_EQ(f.form3.Grid1.Rows(), 7);
+  EXPECT_TRUE(f.settings.writes.empty());
+}
+
+TEST(ChkValidDate, RollsOverAndRefuses) {
+  const struct {
+    const char *y, *m, *d;
+    double date;  // 0: refused
+    const char* message;
+  } cases[] = {
+      {" 2006", " 7", " 5", Day(2006, 7, 5), ""},
+      {"2006", "13", "1", Day(2007, 1, 1), ""},
+      {"2006", "1", "32", Day(2006, 2, 1), ""},
+      {"2006", "3", "0", Day(2006, 2, 28), ""},
+      {"2006.4", "2.5", "3.5", Day(2006, 2, 4), ""},  // rounded half to even
+      {"1899", "13", "1", 0, "Dates Prior to 1900 are not permitted."},
+      {"abc", "1", "1", 0, "Dates Prior to 1900 are not permitted."},
+      {"2006", "40000", "1", 0, "Date Out of Range."},
+      {"9999", "12", "32", 0, "Date Out of Range."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.y) + "/" + c.m + "/" + c.d);
+    Fixture f;
+    f.form3.PredictTime = 7;
+    f.form3.txtYear = c.y;
+    f.form3.txtMonth = c.m;
+    f.form3.txtDay = c.d;
+    EXPECT_EQ(f.form3.ChkValidDate(), c.date != 0);
+    EXPECT_EQ(f.form3.PredictTime, c.date != 0 ? c.date : 7);
+    EXPECT_EQ(f.ui.messages.empty() ? "" : f.ui.messages[0], c.message);
+  }
+}
+
+TEST(CmdNextDay, StepsAndWritesTheBoxes) {
+  Fixture f;
+  f.form3.txtYear = "2006";
+  f.form3.txtMonth = "12";
+  f.form3.txtDay = "31";
+  f.form3.CmdNextDay_Click();
+  EXPECT_EQ(f.form3.PredictTime, Day(2007, 1, 1));
+  EXPECT_EQ(f.form3.txtYear + f.form3.txtMonth + f.form3.txtDay, " 2007 1 1");
+  f.form3.CmdPrevious_Click();
+  EXPECT_EQ(f.form3.PredictTime, Day(2006, 12, 31));
+}
+
+TEST(FormatDate, OrdersAndTheirNames) {
+  const double d = Day(2006, 7, 5) + 0.75;
+  const struct {
+    int16_t DFormat;
+    const char *text, *order;
+  } cases[] = {{0, "2006/07/05", "YYYY  MM  DD"},
+               {1, "07/05/2006", "MM  DD YYYY"},
+               {2, "05/07/2006", "DD  MM  YYYY"},
+               {3, "", "unchanged"}};
+  for (const auto& c : cases) {
+    std::string order = "unchanged";
+    EXPECT_EQ(FormatDate(d, c.DFormat, order), c.text);
+    EXPECT_EQ(order, c.order);
+  }
+  EXPECT_EQ(ReportFileName(d), "20060705JP.TXT");
+}
+
+// Report ---------------------------------------------------------------------------------------
+
+const char* const kHeader =
+    "JUPITER EVENT PREDICTIONS\r\n"
+    "\r\n"
+    "Report Period  (GMT) 07/05/2006  to  07/06/2006    ( MM/DD YYYY )\r\n"
+    "Reference Coordinates:  Longitude 10:00:00.0 E     Latitude 30:00:00.0\r\n"
+    "Exclude times when Jupiter is below -90 deg.\r\n"
+    "Exclude times when Sun is above 90 deg.\r\n"
+    "Include only events that last at least  2.5 minutes.\r\n"
+    "Quillmere Pro Software Version 1.0.1\r\n"
+    "\r\n";
+
+std::string Block(int day, const std::string& rows) {
+  return "< Year 2006   Month 7   Day " + std::to_string(day) + " >\r\n\r\n" + rows +
+         "_______________________________\r\n\r\n";
+}
+
+const char* const kHeaderRow =
+    "           Begin      End      Begin      End      Begin      End     \r\n";
+const char* const kAllRow =
+    " All       00:00     23:59                                            \r\n";
+const char* const kNeverRow =
+    " Never     NONE     \r\n                                                  \r\n";
+
+struct ReportFixture : Fixture {
+  explicit ReportFixture(const std::string& modes = "All,0,360,0,360\r\nNever,0,360,200,100\r\n")
+      : Fixture(modes) {
+    settings.SaveSetting(program.AppTitle, "Settings", "ReportJupAltMin", "-90");
+    settings.SaveSetting(program.AppTitle, "Settings", "ReportSunAltMax", "90");
+    form3.Form_Load(false, Day(2006, 7, 5));
+    storm.ReportStart = Day(2006, 7, 5);
+    storm.ReportEnd = Day(2006, 7, 5);
+  }
+  std::string Run() {
+    form3.DoReport(dir.Path());
+    return dir.Read("20060705JP.TXT");
+  }
+};
+
+TEST(Report, HeaderBlocksAndTrailer) {
+  ReportFixture f;
+  f.program.DFormat = 1;
+  f.program.DisplayWest = "E";
+  f.program.ObsLong = 350;
+  f.storm.ReportMinDuration = 2.5f;
+  f.storm.ReportEnd = Day(2006, 7, 6) + 0.5;  // a fraction: the 6th is the last day
+  EXPECT_EQ(f.Run(), kHeader + Block(5, std::string(kHeaderRow) + kAllRow + kNeverRow) +
+                         Block(6, std::string(kHeaderRow) + kAllRow + kNeverRow) +
+                         "End of Report\r\n\r\n");
+  EXPECT_EQ(f.ui.spoken, (std::vector<std::string>{"Please Wait While report is Generated.",
+                                                   "Report Generation Finished. File ",
+                                                   "spell:20060705JP.TXT"}));
+  EXPECT_EQ(f.form3.PredictTime, Day(2006, 7, 7));
+  EXPECT_EQ(f.form3.ReportRunning, 0);
+  EXPECT_FALSE(f.form3.CmdCancelReportVisible);
+  EXPECT_EQ(f.ui.yields, 2 * 3);  // once per grid row
+}
+
+TEST(Report, RowFilters) {
+  const std::string ioRow =
+      " Io-All    00:00     23:59                                            \r\n";
+  const struct {
+    int16_t ioOnly, noNone;
+    std::string rows;
+  } cases[] = {
+      {0, 0, std::string(kHeaderRow) + ioRow + kAllRow + kNeverRow},
+      {0, -1, std::string(kHeaderRow) + ioRow + kAllRow},
+      {-1, 0, "           Begin      End     \r\n" + ioRow},
+  };
+  for (const auto& c : cases) {
+    ReportFixture f("Io-All,0,360,0,360\nAll,0,360,0,360\nNever,0,360,200,100\n");
+    f.storm.ReportIoOnly = c.ioOnly;
+    f.storm.ReportNoNONE = c.noNone;
+    const std::string file = f.Run();
+    const size_t at = file.find("< Year");
+    ASSERT_NE(at, std::string::npos);
+    EXPECT_EQ(file.substr(at), Block(5, c.rows) + "End of Report\r\n\r\n");
+  }
+}
+
+TEST(Report, DaysWithoutATimeLeaveNoTrace) {
+  ReportFixture f("Never,0,360,200,100\r\nAll,0,360,0,360\r\n");
+  f.storm.ReportIoOnly = -1;  // drops the one mode with times
+  const std::string file = f.Run();
+  EXPECT_EQ(file.find("< Year"), std::string::npos);
+  EXPECT_TRUE(file.ends_with("\r\n\r\nEnd of Report\r\n\r\n"));
+}
+
+TEST(Report, HourAngleLines) {
+  ReportFixture f("All,0,360,0,360\r\nNever,0,360,200,100\r\n");
+  f.storm.ReportIncludeHA = -1;
+  const std::string file = f.Run();
+  const float* ha = f.storm.Minutes.MinuteJupHA.data();
+  auto entry = [](float v) {
+    std::string t = Format(v, "00.0");
+    return t + std::string(10 - t.size(), ' ');
+  };
+  const std::string line = " Hr Ang    " + entry(ha[1]) + entry(ha[1440]) + "\r\n\r\n";
+  EXPECT_NE(file.find(std::string(kAllRow) + line + kNeverRow + "____"), std::string::npos) << file;
+}
+
+TEST(Report, CancelStopsAtTheNextDay) {
+  ReportFixture f;
+  f.storm.ReportEnd = Day(2006, 7, 9);
+  f.ui.onYield = [&] { f.form3.CancelReport = true; };
+  const std::string file = f.Run();
+  EXPECT_EQ(f.ui.messages, (std::vector<std::string>{"Report 20060705JP.TXT Canceled by User."}));
+  EXPECT_TRUE(file.ends_with(Block(5, std::string(kHeaderRow) + kAllRow + kNeverRow)));
+  EXPECT_EQ(f.ui.spoken.back(), "Report Generation Canceled.");
+
+  // Pressed during the last day: that day is finished and the trailer written.
+  ReportFixture g;
+  g.ui.onYield = [&] { g.form3.CancelReport = true; };
+  EXPECT_TRUE(g.Run().ends_with("End of Report\r\n\r\n"));
+  EXPECT_TRUE(g.ui.messages.empty());
+  EXPECT_EQ(g.ui.spoken.back(), "Report Generation Canceled.");
+}
+
+TEST(Report, WindowRoadHonoursTheDialog) {
+  ReportFixture f;
+  f.ui.onReportOptions = [&] { f.form3.CancelReport = true; };
+  f.form3.CmdReport_Click(f.dir.Path());
+  EXPECT_FALSE(std::filesystem::exists(f.dir.Path("20060705JP.TXT")));
+
+  f.storm.ReportHeader = 0;
+  f.ui.onReportOptions = [&] { f.form3.CancelReport = false; };
+  f.form3.CmdReport_Click(f.dir.Path());
+  EXPECT_TRUE(f.dir.Read("20060705JP.TXT").starts_with("< Year 2006"));
+  EXPECT_TRUE(f.ui.spoken.empty());
+}
+
+TEST(Report, SaveFailureIsSpoken) {
+  ReportFixture f;
+  f.form3.DoReport(f.dir.Path("missing"));
+  ASSERT_EQ(f.ui.spoken.size(), 4u);
+  EXPECT_EQ(f.ui.spoken[1],
+            "There was an error trying to save 20060705JP.TXT  No such file or directory");
+  EXPECT_EQ(f.form3.ReportRunning, 0);
+  EXPECT_TRUE(f.form3.CmdCancelReportVisible);
+}
+
+// Report options -------------------------------------------------------------------------------
+
+struct OptionsFixture : Fixture {
+  ReportOptions dialog{form3, storm, program, settings, ui};
+  void Dates(const char* sy, const char* sm, const char* sd, const char* ey, const char* em,
+             const char* ed) {
+    dialog.txtSYear = sy, dialog.txtSMonth = sm, dialog.txtSDay = sd;
+    dialog.txtEYear = ey, dialog.txtEMonth = em, dialog.txtEDay = ed;
+  }
+};
+
+TEST(ReportOptions, LoadProposesAPeriodAndReadsTheSettings) {
+  OptionsFixture f;
+  f.settings.SaveSetting(f.program.AppTitle, "settings", "ReportHeader", " 0");
+  f.settings.SaveSetting(f.program.AppTitle, "Settings", "ReportNoNONE", " 1");
+  f.settings.SaveSetting(f.program.AppTitle, "Settings", "ReportMinDuration", "2.5x");
+  f.form3.PredictTime = Day(2006, 7, 15) + 0.5;
+  f.dialog.Form_Load(0);
+  const ReportOptions& d = f.dialog;
+  EXPECT_EQ(d.txtSYear + d.txtSMonth + d.txtSDay, "20060715");
+  EXPECT_EQ(d.txtEYear + d.txtEMonth + d.txtEDay, "20060801");
+  EXPECT_EQ(d.chkHeader, 0);
+  EXPECT_EQ(f.storm.ReportHeader, 0);
+  EXPECT_EQ(f.storm.ReportNoNONE, -1);
+  EXPECT_EQ(d.txtMin, "2.5x");
+  EXPECT_EQ(f.storm.ReportMinDuration, 2.5f);
+  EXPECT_TRUE(f.form3.CancelReport);
+
+  f.form3.PredictTime = Day(2006, 12, 20);
+  f.dialog.Form_Load(0);
+  EXPECT_EQ(d.txtEYear + d.txtEMonth + d.txtEDay, "20070101");
+}
+
+TEST(ReportOptions, ChecksInTheirOrder) {
+  const struct {
+    std::array<const char*, 6> boxes;  // start y m d, end y m d
+    const char* message;
+  } cases[] = {
+      {{"1899", "0", "0", "3001", "0", "0"}, "Invalid Start Year"},
+      {{"1900", "0", "0", "3001", "0", "0"}, "Invalid End Year"},
+      {{"1900", "0", "0", "3000", "13", "0"}, "Invalid End Month"},
+      {{"1900", "0", "0", "3000", "12", "0"}, "Invalid Start Month"},
+      {{"1900", "1", "0", "3000", "12", "32"}, "Invalid End Day"},
+      {{"1900", "1", "0", "3000", "12", "31"}, "Invalid Start Day"},
+      {{"2006", "2", "31", "2006", "3", "1"},
+       "You entered a which occurs ending date before the start date."},
+      {{"abc", "1", "1", "2006", "1", "1"}, "Invalid Start Year"},
+  };
+  for (const auto& c : cases) {
+    OptionsFixture f;
+    f.form3.PredictTime = Day(2006, 7, 15);
+    f.dialog.Form_Load(0);
+    const auto& b = c.boxes;
+    f.Dates(b[0], b[1], b[2], b[3], b[4], b[5]);
+    EXPECT_FALSE(f.dialog.cmdOK_Click());
+    EXPECT_EQ(f.ui.messages, (std::vector<std::string>{c.message}));
+    EXPECT_TRUE(f.settings.writes.empty());
+    EXPECT_TRUE(f.form3.CancelReport);
+  }
+}
+
+TEST(ReportOptions, OkStoresTheOptions) {
+  OptionsFixture f;
+  f.form3.PredictTime = Day(2006, 7, 15);
+  f.dialog.Form_Load(0);
+  f.Dates("2006", "4", "31", "2006", "5", "1");  // 31 April is 1 May
+  f.dialog.txtMin = "-5";
+  f.dialog.chkHA = 1;
+  f.dialog.chkIoOnly = 1;
+  f.dialog.chkHeader = 0;
+  EXPECT_TRUE(f.dialog.cmdOK_Click());
+  EXPECT_EQ(f.storm.ReportStart, Day(2006, 5, 1));
+  EXPECT_EQ(f.storm.ReportEnd, Day(2006, 5, 1));
+  EXPECT_FALSE(f.form3.CancelReport);
+  EXPECT_EQ(f.dialog.txtMin, "0");
+  EXPECT_EQ(f.storm.ReportMinDuration, 0);
+  EXPECT_EQ(f.storm.ReportIncludeHA, -1);
+  EXPECT_EQ(f.storm.ReportIoOnly, -1);
+  EXPECT_EQ(f.storm.ReportHeader, 0);
+  EXPECT_EQ(f.settings.writes,
+            (std::vector<std::string>{"Settings/ReportMinDuration=0", "Settings/ReportHeader= 0",
+                                      "Settings/ReportIncludeHA= 1", "Settings/ReportIoOnly= 1",
+                                      "Settings/ReportNoNONE= 0"}));
+}
+
+}  // namespace
+}  // namespace quillmere
