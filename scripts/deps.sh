@@ -4,6 +4,8 @@ set -euo pipefail
 
 QUILLMERE_PACKAGES=(
   build-essential cmake ninja-build clang-format
+  qt6-base-dev qt6-base-dev-tools qt6-speech-dev qt6-declarative-dev libqt6texttospeech6
+  qt6-speech-speechd-plugin qt6-speech-flite-plugin libxkbcommon-dev libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
 )
 
