@@ -1,5 +1,6 @@
 #include "textutil/number_text.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -18,13 +19,16 @@ struct Decimal {
 Decimal ToDecimal(double value, int significant) {
   Decimal d;
   d.negative = std::signbit(value);
+  // to_chars with a precision rounds exactly as printf's "%.*e" does, at a fraction of the cost.
   char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*e", significant - 1, std::fabs(value));
-  std::string_view s(buf);
+  const auto end = std::to_chars(buf, buf + sizeof buf, std::fabs(value),
+                                 std::chars_format::scientific, significant - 1)
+                       .ptr;
+  std::string_view s(buf, end - buf);
   const size_t e = s.find('e');
   for (char c : s.substr(0, e))
     if (c != '.') d.digits.push_back(c);
-  d.exponent = std::atoi(buf + e + 1) + 1;
+  d.exponent = std::atoi(std::string(s.substr(e + 1)).c_str()) + 1;
   while (!d.digits.empty() && d.digits.back() == '0') d.digits.pop_back();
   if (d.digits.empty()) d.exponent = 0;
   return d;
@@ -46,8 +50,11 @@ std::string NumberTextOf(double value, int significant) {
   if (!std::isfinite(value)) return std::isnan(value) ? " NaN" : (value < 0 ? "-Inf" : " Inf");
   if (value == 0) value = 0;  // no "-0"
   char buf[64];
-  std::snprintf(buf, sizeof buf, "%.*G", significant, value);
-  std::string s(buf);
+  const auto end =
+      std::to_chars(buf, buf + sizeof buf, value, std::chars_format::general, significant).ptr;
+  std::string s(buf, end);
+  for (char& c : s)
+    if (c == 'e') c = 'E';
   // "%G" writes "0.45" and "1.5E-05"; the program writes ".45" and keeps the exponent form.
   const bool negative = s[0] == '-';
   std::string body = negative ? s.substr(1) : s;
