@@ -9,15 +9,36 @@ QUILLMERE_PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
 )
 
-quillmere_install_deps() {
+# What the proof of real sound needs (the test speech_makes_sound): the speech daemon with its
+# espeak-ng module, an audio server to give it a sink, and tools to record and measure. Installed on
+# demand by that test, not by every build.
+QUILLMERE_SOUND_PACKAGES=(speech-dispatcher speech-dispatcher-espeak-ng pulseaudio pulseaudio-utils sox)
+
+# Installs those of the named packages that are missing; SUDO is the command prefix to use.
+quillmere_install_missing() {
   local missing=()
-  for p in "${QUILLMERE_PACKAGES[@]}"; do
+  for p in "$@"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
   done
   [ ${#missing[@]} -eq 0 ] && return 0
   echo "Installing: ${missing[*]}"
-  local sudo=()
-  [ "$(id -u)" -eq 0 ] || sudo=(sudo)
-  "${sudo[@]}" apt-get update
-  DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y --no-install-recommends "${missing[@]}"
+  ${SUDO:-} apt-get update &&
+    ${SUDO:-} env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+      "${missing[@]}"
+}
+
+quillmere_install_deps() {
+  local sudo=
+  [ "$(id -u)" -eq 0 ] || sudo=sudo
+  SUDO=$sudo quillmere_install_missing "${QUILLMERE_PACKAGES[@]}"
+}
+
+# Fails, rather than asking for a password, without root or password-less sudo.
+quillmere_install_sound_deps() {
+  local sudo=
+  if [ "$(id -u)" -ne 0 ]; then
+    sudo -n true 2>/dev/null || return 1
+    sudo="sudo -n"
+  fi
+  SUDO=$sudo quillmere_install_missing "${QUILLMERE_SOUND_PACKAGES[@]}"
 }

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Builds Quillmere and starts it. Until the talking window lands, this shows the computations
-# for the present instant at latitude 0, longitude 0 (the program's first-run place).
+# Builds Quillmere and starts it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/deps.sh
@@ -8,4 +7,4 @@ quillmere_install_deps
 
 cmake --preset release >/dev/null
 cmake --build --preset release
-exec build/release/quillmere-cli instant --time "$(date -u +%Y-%m-%dT%H:%M:%S)" --lat 0 --long 0 "$@"
+exec build/release/quillmere "$@"

@@ -14,6 +14,9 @@ namespace quillmere {
 // unreadable file gives 1001 empty elements.
 std::vector<std::string> LoadHelpLines(const std::string& path);
 
+// True if `path` is a file that can be opened for reading.
+bool FileExists(const std::string& path);
+
 // One walk's list and index (HelpIndex / PredictHelpIndex).
 struct HelpWalk {
   std::vector<std::string> lines;

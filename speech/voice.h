@@ -7,8 +7,8 @@
 namespace quillmere {
 
 // Flags of Speak.
-inline constexpr int SVSFDefault = 0;       // synchronous: returns when the text has been said
-inline constexpr int SVSFlagsAsync = 1;     // returns at once; queues behind what is being said
+inline constexpr int SVSFDefault = 0;        // synchronous: returns when the text has been said
+inline constexpr int SVSFlagsAsync = 1;      // returns at once; queues behind what is being said
 inline constexpr int SVSFNLPSpeakPunc = 64;  // synchronous, punctuation pronounced
 
 class Voice {

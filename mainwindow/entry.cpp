@@ -1,0 +1,106 @@
+#include "mainwindow/entry.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+
+#include "textutil/date_time.h"
+
+namespace quillmere {
+namespace {
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+// Reads a run of 1 to `most` digits at `i`.
+bool Digits(const std::string& s, size_t& i, int most, long long& value) {
+  const size_t start = i;
+  value = 0;
+  while (i < s.size() && IsDigit(s[i]) && static_cast<int>(i - start) < most)
+    value = value * 10 + (s[i++] - '0');
+  return i > start && (i == s.size() || !IsDigit(s[i]));
+}
+
+// "HH:MM[:SS]" from `i` to the end.
+std::optional<double> TimePart(const std::string& s, size_t i) {
+  long long h = 0, m = 0, sec = 0;
+  if (!Digits(s, i, 2, h) || i >= s.size() || s[i++] != ':' || !Digits(s, i, 2, m))
+    return std::nullopt;
+  if (i < s.size() && s[i] == ':') {
+    ++i;
+    if (!Digits(s, i, 2, sec)) return std::nullopt;
+  }
+  if (i != s.size() || h > 23 || m > 59 || sec > 59) return std::nullopt;
+  return TimeSerial(h, m, sec);
+}
+
+std::string Trimmed(const std::string& s) {
+  const size_t first = s.find_first_not_of(" \t");
+  if (first == std::string::npos) return {};
+  return s.substr(first, s.find_last_not_of(" \t") - first + 1);
+}
+
+}  // namespace
+
+bool IsNumeric(const std::string& text) {
+  const std::string s = Trimmed(text);
+  size_t i = 0;
+  if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
+  size_t digits = 0;
+  while (i < s.size() && IsDigit(s[i])) ++i, ++digits;
+  if (i < s.size() && s[i] == '.') {
+    ++i;
+    while (i < s.size() && IsDigit(s[i])) ++i, ++digits;
+  }
+  if (digits == 0) return false;
+  if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
+    ++i;
+    if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
+    size_t exponent = 0;
+    while (i < s.size() && IsDigit(s[i])) ++i, ++exponent;
+    if (exponent == 0) return false;
+  }
+  return i == s.size();
+}
+
+std::optional<double> ParseDateTimeEntry(const std::string& text) {
+  const std::string s = Trimmed(text);
+  if (s.find('/') == std::string::npos) return TimePart(s, 0);
+  size_t i = 0;
+  long long month = 0, day = 0, year = 0;
+  if (!Digits(s, i, 2, month) || i >= s.size() || s[i++] != '/' || !Digits(s, i, 2, day) ||
+      i >= s.size() || s[i++] != '/' || !Digits(s, i, 4, year) || year < 1000)
+    return std::nullopt;
+  const auto date = DateSerial(year, month, day);
+  const auto back = date ? SplitDateTime(*date) : std::nullopt;
+  if (month < 1 || month > 12 || !back || back->day != day) return std::nullopt;
+  if (i == s.size()) return *date;
+  if (s[i] != ' ') return std::nullopt;
+  while (i < s.size() && s[i] == ' ') ++i;
+  const auto time = TimePart(s, i);
+  if (!time) return std::nullopt;
+  return *date + *time;
+}
+
+std::string NormalizeEntry(const std::string& line) {
+  std::string s = Trimmed(line);
+  for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return s;
+}
+
+bool IsValueEntry(const std::string& S) {
+  std::string U = S;
+  U.erase(std::remove_if(U.begin(), U.end(), [](char c) { return c == ':' || c == '/'; }), U.end());
+  return IsNumeric(S) || IsNumeric(U) || ParseDateTimeEntry(S).has_value();
+}
+
+std::string WithMenuLetter(const std::string& S, const std::string& PendingCommand) {
+  static const char* const kShortForms[] = {"A", "E", "H", "HA", "RS", "RA", "D", "*"};
+  for (const char* form : kShortForms)
+    if (S == form) return (PendingCommand == "S" ? "S" : "J") + S;
+  if ((S == "I" || S == "C") && PendingCommand == "J") return "J" + S;
+  return S;
+}
+
+}  // namespace quillmere

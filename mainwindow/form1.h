@@ -1,0 +1,130 @@
+#pragma once
+// The main window: the program's spine. Its load handler brings everything up, its timer keeps
+// the values running, its command line is the user's one road into the program.
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "ephemeris/ephemeris.h"
+#include "mainwindow/display.h"
+#include "mainwindow/platform.h"
+#include "mainwindow/program_state.h"
+#include "speech/help.h"
+#include "speech/speaker.h"
+#include "speech/voice.h"
+#include "stormmodel/activity.h"
+#include "stormmodel/mode_table.h"
+#include "stormmodel/settings_store.h"
+
+namespace quillmere {
+
+// What the window is given by whoever starts it: the real machine, or test doubles.
+struct Form1Platform {
+  Clock* clock = nullptr;
+  SettingsStore* settings = nullptr;
+  MessageBoxes* messages = nullptr;
+  std::function<std::unique_ptr<Voice>()> createVoice;
+  std::string programDirectory;
+  // Change the working directory to the program's directory (the real program only).
+  bool enterProgramDirectory = false;
+};
+
+class Form1 : public QWidget {
+ public:
+  explicit Form1(Form1Platform platform, QWidget* parent = nullptr);
+  ~Form1() override;
+
+  // Start-up and shut-down.
+  void Form_Load();
+  void Form_Unload();
+
+  // The tick and the time modes.
+  void Timer1_Timer();
+  void SwitchToRealTime();
+  void SwitchToFixedTime();
+  void NewTime();
+  void DisplayTimes();
+  void DisplayInfo();
+  void FillObLabel();
+  void ArrangeDateBoxes();
+  void VisualAlert();
+  void ComputeTodayActivity();
+
+  // The command line.
+  void txtIn_KeyPress(int KeyAscii);
+  void txtIn_KeyUp();
+  void Form_KeyUp(int KeyCode);
+
+  // Spoken summaries.
+  void SpeakSunAll();
+  void SpeakJupAll();
+
+  ProgramState& state() { return p_; }
+  EphemerisState& ephemeris() { return s_; }
+  const ModeTable& modes() const { return modes_; }
+  Speaker& speaker() { return *speaker_; }
+  QTimer& Timer1() { return timer1_; }
+  QLineEdit* input() { return txtIn; }
+  // The caption of a control by its name; empty for an unknown name.
+  std::string Caption(const std::string& objectName) const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+
+ private:
+  void BuildControls();
+  QLabel* AddLabel(const char* name, const char* caption, const char* toolTip);
+  QLineEdit* AddBox(const char* name, const char* toolTip);
+  double PresentUT();
+  void DisplayCaption();
+  void Say(const std::string& text, int flags);
+  void DoCommand(const std::string& S, const std::string& line);
+  void DoValue(std::string S);
+  void DoNormalCommand(const std::string& C, const std::string& line);
+  void DoPredictCommand(const std::string& C, const std::string& line);
+  std::string TimeModeText() const;
+  void LoadSettings();
+  void EnableTimerIfRealTime();
+
+  Form1Platform platform_;
+  ProgramState p_;
+  EphemerisState s_;
+  ModeTable modes_;
+  MinuteTables tables_;
+  ActivityTable DayActivity_;
+  TodayActivityState today_;
+  std::unique_ptr<Voice> voice_;
+  std::unique_ptr<Speaker> speaker_;
+  HelpWalk help_;
+  HelpWalk predictHelp_;
+  Captions captions_;
+  QTimer timer1_;
+  bool unloaded_ = false;
+
+  QLineEdit* txtIn = nullptr;
+  QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr;
+  QLineEdit *txtH = nullptr, *txtN = nullptr, *txtS = nullptr;
+  QLabel *LBLDate = nullptr, *LBLDateFormat = nullptr, *Label5 = nullptr, *Label6 = nullptr;
+  QLabel *LBLLMST = nullptr, *LBLOB = nullptr, *LBLQ = nullptr, *PicJupIcon = nullptr;
+  QLabel *LblJupRA = nullptr, *LblJupDEC = nullptr, *LBlCMIII = nullptr, *LbLSGC = nullptr;
+  QLabel *LBLJupAlt = nullptr, *LblJUPAZ = nullptr, *LBLJupHA = nullptr;
+  QLabel *LbLJupRise = nullptr, *LbLJupSet = nullptr;
+  QLabel *LbLSunRA = nullptr, *LBLSunDec = nullptr, *LBLSunAlt = nullptr, *LbLSunAz = nullptr;
+  QLabel *LBLSunHA = nullptr, *LbLSunRise = nullptr, *LbLSunSet = nullptr;
+  std::map<std::string, QLabel*> labels_;
+  QHBoxLayout* dateRow_ = nullptr;
+};
+
+}  // namespace quillmere

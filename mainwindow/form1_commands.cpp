@@ -1,0 +1,308 @@
+// The command line of the main window: keys, values and the commands of both modes.
+
+#include <QKeyEvent>
+
+#include "mainwindow/entry.h"
+#include "mainwindow/form1.h"
+#include "textutil/date_time.h"
+#include "textutil/latlng.h"
+#include "textutil/number_text.h"
+
+namespace quillmere {
+
+namespace {
+
+constexpr int kGraveAccent = 96;
+constexpr int kEnter = 13;
+constexpr int kEscape = 27;
+constexpr int kF1 = 112;
+
+std::string Remove(std::string text, char c) {
+  text.erase(std::remove(text.begin(), text.end(), c), text.end());
+  return text;
+}
+
+bool InRange(double v, double low, double high) {
+  return v >= low && v <= high;
+}
+
+}  // namespace
+
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress && watched == txtIn) {
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+      txtIn_KeyPress(kEnter);
+      return true;
+    }
+    if (key->text() == "`") txtIn_KeyPress(kGraveAccent);  // and the accent goes in the line
+  } else if (event->type() == QEvent::KeyRelease) {
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->isAutoRepeat()) return false;
+    if (watched == txtIn) txtIn_KeyUp();
+    if (key->key() == Qt::Key_Escape) Form_KeyUp(kEscape);
+    if (key->key() == Qt::Key_F1) Form_KeyUp(kF1);
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void Form1::Say(const std::string& text, int flags) {
+  voice_->Speak(text, flags);
+}
+
+void Form1::txtIn_KeyPress(int KeyAscii) {
+  if (KeyAscii == kGraveAccent) {
+    // Reads back what has been typed, punctuation pronounced.
+    const std::string line = Remove(txtIn->text().toStdString(), '`');
+    txtIn->setText(QString::fromStdString(line));
+    for (char c : line) Say(std::string(1, c), SVSFNLPSpeakPunc);
+    return;
+  }
+  if (KeyAscii != kEnter) return;
+  const std::string line = txtIn->text().toStdString();
+  const std::string S = NormalizeEntry(line);
+  if (IsValueEntry(S))
+    DoValue(S);
+  else
+    DoCommand(S, line);
+}
+
+void Form1::txtIn_KeyUp() {
+  if (!txtIn->text().contains('`')) return;
+  txtIn->setText(txtIn->text().remove('`'));
+  txtIn->end(false);
+}
+
+void Form1::Form_KeyUp(int KeyCode) {
+  if (KeyCode == kEscape) speaker_->CancelFlag = -1;
+  if (KeyCode != kF1) return;
+  HelpWalk& walk = p_.PredictMode ? predictHelp_ : help_;
+  if (walk.Step(*speaker_, 0))
+    while (walk.Step(*speaker_)) {
+    }
+}
+
+std::string Form1::TimeModeText() const {
+  return FormatDateTime(s_.T, "MM/DD/YYYY HH:nn:ss");
+}
+
+void Form1::DoCommand(const std::string& S, const std::string& line) {
+  if (p_.PredictMode)
+    DoPredictCommand(S, line);
+  else
+    DoNormalCommand(WithMenuLetter(S, p_.PendingCommand), line);
+}
+
+void Form1::DoNormalCommand(const std::string& C, const std::string& line) {
+  auto is = [&C](std::initializer_list<const char*> names) {
+    for (const char* n : names)
+      if (C == n) return true;
+    return false;
+  };
+  auto wait = [this, &C] { p_.PendingCommand = C; };
+  std::string reply;
+  bool quit = false;
+
+  if (is({"JE"})) {
+    reply = "Jupiter " + Caption("LBLJupAlt");
+  } else if (is({"SE"})) {
+    reply = "Sun " + Caption("LBLSunAlt");
+  } else if (is({"JA"})) {
+    reply = "Jupiter " + Caption("LblJUPAZ");
+  } else if (is({"SA"})) {
+    reply = "Sun " + Caption("LbLSunAz");
+  } else if (is({"JH", "JHA"})) {
+    reply = "Jupiter " + Caption("LBLJupHA");
+  } else if (is({"SH", "SHA"})) {
+    reply = "Sun " + Caption("LBLSunHA");
+  } else if (is({"JRA"})) {
+    reply = "Jupiter " + Caption("LblJupRA");
+  } else if (is({"SRA"})) {
+    reply = "Sun " + Caption("LbLSunRA");
+  } else if (is({"JD"})) {
+    reply = "Jupiter " + Caption("LblJupDEC");
+  } else if (is({"SD"})) {
+    reply = "Sun " + Caption("LBLSunDec");
+  } else if (is({"JRS"})) {
+    reply = "Jupiter " + Caption("LbLJupRise") + "  " + Caption("LbLJupSet");
+  } else if (is({"SRS"})) {
+    reply = "Sun " + Caption("LbLSunRise") + " " + Caption("LbLSunSet");
+  } else if (is({"JI"})) {
+    reply = Caption("LbLSGC");
+  } else if (is({"S3", "JC"})) {
+    reply = Caption("LBlCMIII");
+  } else if (is({"LMST", "LS", "LST", "ST"})) {
+    reply = Caption("LBLLMST");
+  } else if (is({"M", "JS", "MODE"})) {
+    reply = "Jupiter " + Caption("LBLQ");
+  } else if (is({"J*"})) {
+    SpeakJupAll();
+    speaker_->CancelFlag = 0;
+  } else if (is({"S*"})) {
+    SpeakSunAll();
+    speaker_->CancelFlag = 0;
+  } else if (is({"J"})) {
+    p_.PendingCommand = "J";
+    reply = "Jupiter Menu";
+  } else if (is({"S"})) {
+    p_.PendingCommand = "S";
+    reply = "Sun Menu";
+  } else if (is({"VER"})) {
+    Say("Version ", SVSFDefault);
+    speaker_->SpeakCharacters(p_.VersionText);
+  } else if (is({"P"})) {
+    reply = "Prediction Moded Entered.  Press F1 for Prediction Mode Help.";
+    p_.PredictMode = -1;
+    SwitchToFixedTime();
+    activateWindow();
+    txtIn->setFocus();
+  } else if (is({"T"})) {
+    reply = std::string(p_.RealTime ? "Real Time Mode. " : "Fixed Time Mode. ") + " Current Time " +
+            TimeModeText();
+  } else if (is({"FT", "FIX", "FIXED"})) {
+    wait();
+    reply = "Fixed Time Mode.  Current Time " + TimeModeText();
+    p_.RealTime = 0;
+    SwitchToFixedTime();
+  } else if (is({"RT", "REAL", "REALTIME", "REAL TIME"})) {
+    wait();
+    SwitchToRealTime();
+    reply = "Real Time Mode.  Current Time " + TimeModeText();
+  } else if (is({"AS"})) {
+    p_.AnnounceSun = -1;
+    reply = "Announce Sun ON.";
+  } else if (is({"NAS"})) {
+    p_.AnnounceSun = 0;
+    reply = "Announce Sun OFF.";
+  } else if (is({"AJ"})) {
+    p_.AnnounceJupiter = -1;
+    reply = "Announce Jupiter ON.";
+  } else if (is({"NAJ"})) {
+    p_.AnnounceJupiter = 0;
+    reply = "Announce Jupiter OFF.";
+  } else if (is({"Q"})) {
+    quit = true;
+  } else if (is({"LAT", "LT"})) {
+    wait();
+    std::string text = LatToText(p_.ObsLat);
+    reply = "Latitude " + cvtLngSpoken(text);
+  } else if (is({"LNG", "LG", "LONG"})) {
+    wait();
+    std::string text = LongToText(p_.ObsLong);
+    reply = "Longitude " + cvtLngSpoken(text);
+  } else if (is({"TZ", "TIME ZONE"})) {
+    wait();
+    reply = "Time Zone " + NumberText(p_.TimeZone);
+  } else if (is({"AD"})) {
+    wait();
+    reply = "Announce Delay." + NumberText(p_.AnnounceDelay) + " minutes.";
+  } else if (is({"VR"})) {
+    wait();
+    reply = "Speech Rate " + NumberText(voice_->Rate());
+  } else if (is({"VT"})) {
+    wait();
+    reply = "Speech Type " + voice_->GetDescription();
+    if (p_.VoiceNames.empty()) {
+      reply += ". No voices are installed.";
+    } else {
+      reply += ". available voices are ";
+      for (size_t i = 0; i < p_.VoiceNames.size(); ++i)
+        reply += NumberText(i) + "  " + p_.VoiceNames[i] + ". ";
+    }
+  } else {
+    reply = line + " not recognized. You are in Normal Mode.";
+  }
+
+  if (quit) {
+    txtIn->clear();
+    close();
+    return;
+  }
+  speaker_->SpeakCaption(reply);
+  txtIn->clear();
+}
+
+void Form1::DoPredictCommand(const std::string& C, const std::string& line) {
+  std::string reply;
+  if (C == "N") {
+    p_.PredictMode = 0;
+    reply = "Normal Mode Resumed. ";
+  } else if (C == "P") {
+    reply = "You are in prediction mode.";
+  } else {
+    reply = line + " not recognized. You are in Predict Mode. Type N for normal mode.";
+  }
+  speaker_->SpeakCaption(reply);
+  txtIn->clear();
+}
+
+void Form1::DoValue(std::string S) {
+  const std::string waiting = p_.PendingCommand;
+  SettingsStore& store = *platform_.settings;
+  std::string reply = S;  // out of range: the user hears the entry back
+  if (waiting == "LAT" || waiting == "LT") {
+    const float v = TextToLat(S);
+    reply = S;
+    if (InRange(v, -90, 90)) {
+      p_.ObsLat = v;
+      FillObLabel();
+      reply = "Latitude changed to " + cvtLngSpoken(S);
+      store.SaveSetting(p_.AppTitle, "Settings", "Latitude", NumberText(p_.ObsLat));
+    }
+  } else if (waiting == "LNG" || waiting == "LG") {
+    const float v = TextToLong(S);
+    reply = S;
+    if (InRange(v, -360, 360)) {
+      p_.ObsLong = v;
+      FillObLabel();
+      reply = "Longitude changed to " + cvtLngSpoken(S);
+      store.SaveSetting(p_.AppTitle, "Settings", "Longitude", NumberText(p_.ObsLong));
+    }
+  } else if (waiting == "TZ") {
+    const double v = Val(S);
+    if (InRange(v, -24, 24)) {
+      p_.TimeZone = v;
+      reply = "Time Zone changed to " + S;
+    }
+  } else if (waiting == "AD") {
+    const double v = Val(S);
+    if (InRange(v, 0, 1440)) {
+      p_.AnnounceDelay = v;
+      reply = "Announce Delay changed to " + S + "minutes.";
+      store.SaveSetting(p_.AppTitle, "Startup", "AnnounceDelay", S);
+    }
+  } else if (waiting == "VR") {
+    const double v = Val(S);
+    if (InRange(v, -10, 10)) {
+      voice_->SetRate(static_cast<int>(RoundHalfEven(v)));
+      reply = "Speech Rate changed to " + S;
+      store.SaveSetting(p_.AppTitle, "Startup", "SpeechRate", S);
+    }
+  } else if (waiting == "VT") {
+    const double v = Val(S);
+    if (p_.VoiceNames.empty()) {
+      reply = "No voices are installed.";
+    } else if (InRange(v, 0, static_cast<double>(p_.VoiceNames.size() - 1))) {
+      voice_->SetVoice(static_cast<int>(RoundHalfEven(v)));
+      reply = "Speech Voice changed to " + voice_->GetDescription();
+      store.SaveSetting(p_.AppTitle, "Startup", "VoiceType", S);
+    }
+  } else if (waiting == "FT") {
+    // A time alone keeps the date of T.
+    if (S.find('/') == std::string::npos) S = FormatDateTime(s_.T, "MM/DD/YYYY") + "  " + S;
+    if (const auto t = ParseDateTimeEntry(S)) {
+      s_.T = *t;
+      NewTime();
+      reply = "New Fixed Time. " + FormatDateTime(p_.FixedT, "MM/DD/YYYY HH:nn:ss");
+    } else {
+      reply = S + " was not understood as a date or a time. The time stays as it was.";
+    }
+  } else {
+    reply = S + " not recognized.";
+  }
+  Say(reply, SVSFlagsAsync);
+  txtIn->clear();
+  p_.PendingCommand.clear();
+}
+
+}  // namespace quillmere

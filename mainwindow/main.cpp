@@ -1,0 +1,32 @@
+// quillmere: the talking program. It takes no arguments.
+
+#include <QApplication>
+#include <QDir>
+#include <iostream>
+
+#include "mainwindow/form1.h"
+#include "mainwindow/qt_platform.h"
+#include "speech/qt_voice.h"
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  using namespace quillmere;
+  SystemClock clock;
+  IniSettings settings;
+  DialogMessageBoxes messages;
+  Form1Platform platform;
+  platform.clock = &clock;
+  platform.settings = &settings;
+  platform.messages = &messages;
+  platform.programDirectory = QCoreApplication::applicationDirPath().toStdString();
+  platform.enterProgramDirectory = true;
+  platform.createVoice = [&settings] {
+    const std::string engine =
+        settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", "");
+    return CreateVoice(engine, std::cout);
+  };
+  Form1 form(platform);
+  form.Form_Load();
+  form.show();
+  return app.exec();
+}

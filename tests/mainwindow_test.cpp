@@ -1,0 +1,366 @@
+// The main window as a user meets it: started with a fixed clock, a recording voice and an empty
+// store, typed at with key events, heard through what the voice was given.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+
+#include "mainwindow/display.h"
+#include "mainwindow/entry.h"
+#include "mainwindow/form1.h"
+#include "speech/recording_voice.h"
+#include "stormmodel/settings_store.h"
+#include "textutil/date_time.h"
+
+namespace quillmere {
+namespace {
+
+using Call = RecordingVoice::Call;
+
+class FixedClock : public Clock {
+ public:
+  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
+  TimeZoneInformation zone{1, 0, 0, 0};
+  double LocalNow() override { return now; }
+  TimeZoneInformation GetTimeZoneInformation() override { return zone; }
+};
+
+class RecordedMessages : public MessageBoxes {
+ public:
+  void Show(const std::string& title, const std::string& text) override {
+    shown.push_back(title + "|" + text);
+  }
+  std::vector<std::string> shown;
+};
+
+const char* const kApp = "Quillmere Speaking Edition";
+
+class MainWindow : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = std::filesystem::path(::testing::TempDir()) /
+          ("form1_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
+    std::filesystem::create_directories(dir);
+    std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    std::ofstream(dir / "SpkHlp.txt") << "\\\\ comment\nFirst help line.\nok\nSecond help line.\n";
+    settings.SaveSetting(kApp, "Settings", "Latitude", " 30");
+    settings.SaveSetting(kApp, "Settings", "Longitude", " 80");
+    settings.writes.clear();
+  }
+  void TearDown() override { std::filesystem::remove_all(dir); }
+
+  // Starts the window as the program does, and runs one tick.
+  Form1& Start() {
+    Form1Platform platform;
+    platform.clock = &clock;
+    platform.settings = &settings;
+    platform.messages = &messages;
+    platform.programDirectory = dir.string();
+    platform.createVoice = [this] {
+      auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha", "Beta"}, 2);
+      voice = v.get();
+      return v;
+    };
+    form = std::make_unique<Form1>(platform);
+    form->Form_Load();
+    form->Timer1_Timer();
+    voice->calls.clear();
+    return *form;
+  }
+
+  // Types a line and Enter; returns what was said meanwhile.
+  std::vector<Call> Type(const std::string& line) {
+    voice->calls.clear();
+    QTest::keyClicks(form->input(), QString::fromStdString(line));
+    QTest::keyClick(form->input(), Qt::Key_Return);
+    return voice->calls;
+  }
+  std::string Said(const std::string& line) {
+    const auto calls = Type(line);
+    return calls.empty() ? "<nothing>" : calls.back().text;
+  }
+
+  std::filesystem::path dir;
+  FixedClock clock;
+  MemorySettings settings;
+  RecordedMessages messages;
+  RecordingVoice* voice = nullptr;
+  std::unique_ptr<Form1> form;
+};
+
+TEST_F(MainWindow, StartsAndWelcomes) {
+  Form1Platform platform;
+  platform.clock = &clock;
+  platform.settings = &settings;
+  platform.messages = &messages;
+  platform.programDirectory = (dir / "empty").string();  // no mode file, no help
+  std::filesystem::create_directories(dir / "empty");
+  platform.createVoice = [this] {
+    auto v = std::make_unique<RecordingVoice>();
+    voice = v.get();
+    return v;
+  };
+  Form1 f(platform);
+  f.Form_Load();
+  ASSERT_EQ(messages.shown.size(), 1u);
+  EXPECT_EQ(messages.shown[0], "FILE ERROR!|Error  53 Occurred Loading " +
+                                   (dir / "empty").string() + "/UFMODES.JMF.\r\nFile Not Found");
+  EXPECT_EQ(voice->calls,
+            (std::vector<Call>{{"Welcome to Quillmere Speech Edition. For Help Press F1.", 0}}));
+  f.show();
+  EXPECT_EQ(f.windowTitle().toStdString(), "Quillmere Speech Edition.  1.0.1");
+  EXPECT_EQ(f.Caption("LBLOB"), "Lat : 30:00:00.0\r\nLong: 80:00:00.0 W");
+  voice->calls.clear();
+  f.close();
+  EXPECT_EQ(voice->Texts(), std::vector<std::string>{"Quillmere Speech Edition Closing."});
+}
+
+TEST_F(MainWindow, TickFillsTheCaptions) {
+  Form1& f = Start();
+  EXPECT_EQ(f.Caption("LBLJupAlt"), "EL: -69.2");
+  EXPECT_EQ(f.Caption("LblJUPAZ"), "AZ: 320.3");
+  EXPECT_EQ(f.Caption("LBLSunAlt"), "EL: 20.0");
+  EXPECT_EQ(f.Caption("LblJupRA"), "RA: 14:27");
+  EXPECT_EQ(f.Caption("LblJupDEC"), "DEC: -13:22");
+  EXPECT_EQ(f.Caption("LBlCMIII"), "CML:  203.74");
+  EXPECT_EQ(f.Caption("LbLSGC"), "Io Phase: 007.00");
+  EXPECT_EQ(f.Caption("LbLSunRise"), "Rise: 10:23");
+  EXPECT_EQ(f.Caption("LbLSunSet"), "Set: 00:16");
+  EXPECT_EQ(f.Caption("LBLLMST"), " LMST: 01:33:22");
+  EXPECT_EQ(f.findChild<QLineEdit*>("txtY")->text(), "2006");
+  EXPECT_EQ(f.findChild<QLineEdit*>("txtH")->text(), "12");
+}
+
+TEST_F(MainWindow, ReadingsAndMenus) {
+  Start();
+  const struct {
+    const char* typed;
+    const char* said;
+  } steps[] = {
+      {"je", "Jupiter  elevation  -69.2"},
+      {" A ", "Jupiter  azimuth  320.3"},
+      {"I", "I not recognized. You are in Normal Mode."},  // Io needs the Jupiter menu
+      {"s", "Sun Menu"},
+      {"a", "Sun  azimuth  074.4"},
+      {"E", "Sun  elevation  20.0"},
+      {"rs", "Sun Rise: 10:23 Set: 00:16"},
+      {"j", "Jupiter Menu"},
+      {"i", "Io Phase: 007.00"},
+      {"c", " System three longitude   203.74"},
+      {"rs", "Jupiter Rise: 19:27  Set: 06:24"},
+      {"jra", "Jupiter  Right Ascension  14 hours and 27 minutes."},
+      {"sd", "Sun  Declination  22 degrees and 56 minutes."},
+      {"lmst", " Local Mean Sidereal Time  01:33:22"},
+      {"m", "Jupiter Possible Activity:  Non-A   "},  // CML 203.74 lies in Non-A
+      {"", " not recognized. You are in Normal Mode."},
+      {"Whatever", "Whatever not recognized. You are in Normal Mode."},
+      {"12", "12 not recognized."},
+  };
+  for (const auto& step : steps) {
+    const auto calls = Type(step.typed);
+    ASSERT_FALSE(calls.empty()) << step.typed;
+    EXPECT_EQ(calls.back().text, step.said) << step.typed;
+    EXPECT_EQ(form->input()->text(), "") << step.typed;
+  }
+}
+
+TEST_F(MainWindow, TwoStepEntriesChangeAndStore) {
+  Start();
+  EXPECT_EQ(Said("lat"), "Latitude 30 degrees 00 minutes 00.0 seconds ");
+  EXPECT_EQ(Said("je"), "Jupiter  elevation  -69.2");  // a reading between the two steps
+  const auto calls = Type("45:30");
+  EXPECT_EQ(calls, (std::vector<Call>{{"Latitude changed to 45 degrees 30 minutes ", 1}}));
+  EXPECT_EQ(form->state().ObsLat, 45.5f);
+  EXPECT_EQ(form->Caption("LBLOB"), "Lat : 45:30:00.0\r\nLong: 80:00:00.0 W");
+  EXPECT_EQ(settings.writes, std::vector<std::string>{"Settings/Latitude= 45.5"});
+
+  EXPECT_EQ(Said("lng"), "Longitude 80 degrees 00 minutes 00.0 seconds ");
+  EXPECT_EQ(Said("-75:30"), "Longitude changed to 75 degrees 30 minutes ");
+  EXPECT_EQ(form->state().ObsLong, 284.5f);
+
+  const struct {
+    const char *first, *value, *said;
+  } entries[] = {
+      {"AD", "10", "Announce Delay changed to 10minutes."},
+      {"VR", "11", "11"},  // out of range: echoed, nothing changes
+      {"VR", "-2.5", "Speech Rate changed to -2.5"},
+      {"TZ", "-5", "Time Zone changed to -5"},
+      {"VT", "1", "Speech Voice changed to Beta"},
+      {"LAT", "91", "91"},
+      {"LONG", "5", "5 not recognized."},  // LONG reads but takes no value
+  };
+  for (const auto& e : entries) {
+    Type(e.first);
+    EXPECT_EQ(Said(e.value), e.said) << e.first << " " << e.value;
+    EXPECT_EQ(form->state().PendingCommand, "") << e.first;
+  }
+  EXPECT_EQ(voice->Rate(), -2);  // halves to even
+  EXPECT_EQ(form->state().TimeZone, -5);
+  EXPECT_EQ(form->state().AnnounceDelay, 10);
+  EXPECT_EQ(Said("tz"), "Time Zone -5");
+  EXPECT_EQ(Said("ad"), "Announce Delay. 10 minutes.");
+  EXPECT_EQ(Said("vt"), "Speech Type Beta. available voices are  0  Alpha.  1  Beta. ");
+}
+
+TEST_F(MainWindow, FixedAndRealTime) {
+  Start();
+  EXPECT_EQ(Said("t"), "Real Time Mode.  Current Time 07/05/2006 12:00:00");
+  EXPECT_EQ(Said("ft"), "Fixed Time Mode.  Current Time 07/05/2006 12:00:00");
+  EXPECT_FALSE(form->Timer1().isActive());
+  EXPECT_EQ(form->Caption("LBlCMIII"), "CMIII:  203.74");
+  EXPECT_EQ(form->Caption("LbLSGC"), "Io SGC: 007.00");
+  const auto calls = Type("13:00:00");  // a time alone keeps the date
+  EXPECT_EQ(calls, (std::vector<Call>{{"New Fixed Time. 07/05/2006 13:00:00", 1}}));
+  EXPECT_EQ(Said("ft"), "Fixed Time Mode.  Current Time 07/05/2006 13:00:00");
+  EXPECT_EQ(Said("12/25/2010 06:30:00"), "New Fixed Time. 12/25/2010 06:30:00");
+  Type("ft");
+  EXPECT_EQ(Said("99"),
+            "12/25/2010  99 was not understood as a date or a time. The time stays as it was.");
+  EXPECT_EQ(Said("t"), "Fixed Time Mode.  Current Time 12/25/2010 06:30:00");
+  clock.now += 1.0 / 24;
+  EXPECT_EQ(Said("rt"), "Real Time Mode.  Current Time 07/05/2006 13:00:00");
+  EXPECT_TRUE(form->Timer1().isActive());
+}
+
+TEST_F(MainWindow, EscSilencesRepliesUntilASummaryEnds) {
+  Start();
+  QTest::keyClick(form->input(), Qt::Key_Escape);
+  EXPECT_EQ(form->speaker().CancelFlag, -1);
+  EXPECT_EQ(Type("je"), (std::vector<Call>{}));
+  // Silent, then the flag is lowered and the empty reply goes out.
+  EXPECT_EQ(Type("s*"), (std::vector<Call>{{"", 0}}));
+  EXPECT_EQ(Said("je"), "Jupiter  elevation  -69.2");
+}
+
+TEST_F(MainWindow, Summaries) {
+  Start();
+  EXPECT_EQ(voice->calls.size(), 0u);
+  const auto sun = Type("s*");
+  EXPECT_EQ(sun, (std::vector<Call>{{"Sun  elevation  20.0", 0},
+                                    {"Sun  azimuth  074.4", 0},
+                                    {"Sun  hour angle  -05 hours and 17 minutes.", 0},
+                                    {"Sun  Right Ascension  06 hours and 51 minutes.", 0},
+                                    {"Sun  Declination  22 degrees and 56 minutes.", 0},
+                                    {"Sun Rise: 10:23 Set: 00:16", 0},
+                                    {"", 0}}));
+  const auto jup = Type("*");
+  ASSERT_EQ(jup.size(), 10u);
+  EXPECT_EQ(jup[0].text, "Jupiter  azimuth  320.3");
+  EXPECT_EQ(jup[1].text, "Jupiter  elevation  -69.2");
+  EXPECT_EQ(jup[5].text, "Jupiter Rise: 19:27  Set: 06:24");
+  EXPECT_EQ(jup[6].text, "Jupiter Possible Activity:  Non-A   ");
+  EXPECT_EQ(jup[7].text, "Io Phase: 007.00");
+  EXPECT_EQ(jup[8].text, " System three longitude   203.74");
+}
+
+TEST_F(MainWindow, TimedAnnouncementSaysSunThenJupiter) {
+  Form1& f = Start();
+  Type("as");
+  Type("aj");
+  voice->calls.clear();
+  f.Timer1_Timer();
+  EXPECT_EQ(voice->calls.size(), 0u);  // no delay set
+  Type("ad");
+  Type("1");
+  voice->calls.clear();
+  f.Timer1_Timer();
+  ASSERT_EQ(voice->calls.size(), 15u);
+  EXPECT_EQ(voice->calls[0].text, "Sun  elevation  20.0");
+  EXPECT_EQ(voice->calls[6].text, "Jupiter  azimuth  320.3");
+  voice->calls.clear();
+  clock.now += 30.0 / 86400;
+  f.Timer1_Timer();
+  EXPECT_EQ(voice->calls.size(), 0u);  // not a minute yet
+}
+
+TEST_F(MainWindow, GraveAccentReadsTheLineBack) {
+  Start();
+  QTest::keyClicks(form->input(), "je.");
+  voice->calls.clear();
+  QTest::keyClicks(form->input(), "`");
+  EXPECT_EQ(voice->calls, (std::vector<Call>{{"j", 64}, {"e", 64}, {".", 64}}));
+  EXPECT_EQ(form->input()->text(), "je.");
+}
+
+TEST_F(MainWindow, VersionAndPredictionMode) {
+  Start();
+  EXPECT_EQ(voice->Texts().size(), 0u);
+  Type("ver");
+  EXPECT_EQ(voice->Texts(),
+            (std::vector<std::string>{"Version ", "1", "dot", "0", "dot", "1", ""}));
+  EXPECT_EQ(Said("p"), "Prediction Moded Entered.  Press F1 for Prediction Mode Help.");
+  EXPECT_EQ(form->state().PredictMode, -1);
+  EXPECT_EQ(Said("p"), "You are in prediction mode.");
+  EXPECT_EQ(Said("je"), "je not recognized. You are in Predict Mode. Type N for normal mode.");
+  EXPECT_EQ(Said("7"), "7 not recognized.");
+  EXPECT_EQ(Said("n"), "Normal Mode Resumed. ");
+  EXPECT_EQ(form->state().PredictMode, 0);
+}
+
+TEST_F(MainWindow, F1WalksTheHelp) {
+  Start();
+  QTest::keyClick(form->input(), Qt::Key_F1);
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"First help line.", "Second help line."}));
+}
+
+TEST(Display, Captions) {
+  EXPECT_EQ(LmstCaption(23.9999f), " LMST: 23:59:59");
+  EXPECT_EQ(LmstCaption(0), " LMST: 00:00:00");
+  ProgramState p;
+  p.DisplayWest = "W";
+  EXPECT_EQ(ObserverCaption(p), "Lat : 0:00:00.0\r\nLong: 0:00:00.0 W");
+  p.DisplayWest = "E";
+  p.ObsLong = 350;
+  EXPECT_EQ(ObserverCaption(p), "Lat : 0:00:00.0\r\nLong: 10:00:00.0 E");
+
+  EphemerisState s;
+  Captions c;
+  s.JupRA = 23.5;
+  s.LMST = 0.5f;
+  s.SunRA = 0.5;
+  s.SunRise = 3;
+  p.UseGMT = 0;
+  p.TimeZone = -5;
+  DisplayInfo(p, s, c);
+  EXPECT_EQ(c.LBLJupHA, "HA: 01:00");  // -23 folds up
+  EXPECT_EQ(c.LBLSunHA, "HA: 00:00");
+  EXPECT_EQ(c.LbLSunRise, "Rise: 22:00");
+  s.LMST = 23.5f;
+  s.JupRA = 0.5;
+  s.JupAlt = -5.25;
+  DisplayInfo(p, s, c);
+  EXPECT_EQ(c.LBLJupHA, "HA: 23:00");  // no fold from above
+  EXPECT_EQ(c.LBLJupAlt, "EL: -05.3");
+}
+
+TEST(Entry, ValuesAndCommands) {
+  for (const char* value :
+       {"45", "-5.5", "35:12:06", "07/04/2006", "12:30:00", "1E3", "07/04/2006 12:30:00", "+.5"})
+    EXPECT_TRUE(IsValueEntry(value)) << value;
+  for (const char* command : {"JE", "E", "", "LAT", "J*", "REAL TIME", "1E", "12:30X"})
+    EXPECT_FALSE(IsValueEntry(command)) << command;
+  EXPECT_EQ(ParseDateTimeEntry("07/04/2006  12:30:15"),
+            *DateSerial(2006, 7, 4) + TimeSerial(12, 30, 15));
+  EXPECT_FALSE(ParseDateTimeEntry("02/30/2006"));
+  EXPECT_FALSE(ParseDateTimeEntry("25:00"));
+  EXPECT_EQ(WithMenuLetter("A", ""), "JA");
+  EXPECT_EQ(WithMenuLetter("A", "S"), "SA");
+  EXPECT_EQ(WithMenuLetter("A", "LAT"), "JA");
+  EXPECT_EQ(WithMenuLetter("I", ""), "I");
+  EXPECT_EQ(WithMenuLetter("I", "J"), "JI");
+  EXPECT_EQ(WithMenuLetter("C", "S"), "C");
+  EXPECT_EQ(WithMenuLetter("*", "S"), "S*");
+}
+
+}  // namespace
+}  // namespace quillmere
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
