@@ -89,6 +89,7 @@ void Form1::BuildControls() {
   txtIn = new QLineEdit(this);
   txtIn->setObjectName("txtIn");
   txtIn->setToolTip("Command line");
+  txtIn->setAccessibleName("Command line");
   txtIn->installEventFilter(this);
   installEventFilter(this);
 

@@ -20,11 +20,10 @@ int main(int argc, char** argv) {
   platform.messages = &messages;
   platform.programDirectory = QCoreApplication::applicationDirPath().toStdString();
   platform.enterProgramDirectory = true;
-  platform.createVoice = [&settings] {
-    const std::string engine =
-        settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", "");
-    return CreateVoice(engine, std::cout);
-  };
+  // The engine takes seconds to start: it starts now and is collected at its step of the start.
+  VoiceStarter voice(
+      settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", ""), std::cout);
+  platform.createVoice = [&voice] { return voice.Take(); };
   Form1 form(platform);
   form.Form_Load();
   form.show();
