@@ -245,7 +245,7 @@ void Form1::Form_Load() {
   p_.RealTime = -1;
 
   // 9: the mode file; its message holds up the start until it is closed.
-  const ModeFileResult loaded = LoadModeFile(p_.ModeFileName, modes_);
+  const ModeFileResult loaded = LoadModeFile(p_.ModeFileName, storm_.Modes);
   if (loaded.error) platform_.messages->Show(loaded.error->title, loaded.error->text);
   if (loaded.notice) platform_.messages->Show(loaded.notice->title, loaded.notice->text);
 
@@ -259,7 +259,7 @@ void Form1::Form_Load() {
   ComputeSiderealTime(s_, p_.ObsLong);
 
   // 14: the day's activity marks.
-  if (modes_.ModesLoaded) ComputeTodayActivity();
+  if (storm_.Modes.ModesLoaded) ComputeTodayActivity();
 
   // 17 to 20. (The info server's steps 15 and 16 join here.)
   timer1_.setInterval(1000);
@@ -327,7 +327,8 @@ double Form1::PresentUT() {
 void Form1::Timer1_Timer() {
   timer1_.stop();  // ticks never overlap
   s_.T = PresentUT();
-  if (const auto f = SplitDateTime(s_.T); f && f->minute != p_.LastMinute && modes_.ModesLoaded) {
+  if (const auto f = SplitDateTime(s_.T);
+      f && f->minute != p_.LastMinute && storm_.Modes.ModesLoaded) {
     if (!today_.ActivityDay || *today_.ActivityDay != f->day) ComputeTodayActivity();
     p_.LastMinute = f->minute;
   }
@@ -347,15 +348,15 @@ void Form1::Timer1_Timer() {
 }
 
 void Form1::ComputeTodayActivity() {
-  quillmere::ComputeTodayActivity(s_, PresentUT(), p_.ObsLat, p_.ObsLong, modes_, tables_,
-                                  DayActivity_, today_);
+  quillmere::ComputeTodayActivity(s_, PresentUT(), p_.ObsLat, p_.ObsLong, storm_.Modes,
+                                  storm_.Minutes, storm_.DayActivity, today_);
 }
 
 void Form1::VisualAlert() {
   SetCaption(LBLQ, "");
   int16_t alrt = 0;
   std::string alertstr;
-  CheckForActivity(s_.T, modes_, today_.TodayActivity, alrt, alertstr);
+  CheckForActivity(s_.T, storm_.Modes, today_.TodayActivity, alrt, alertstr);
   if (alrt) {
     SetCaption(LBLQ, "Possible Activity:  " + alertstr);
     if (isMinimized()) setWindowTitle(QString::fromStdString(alertstr));
@@ -382,7 +383,7 @@ void Form1::NewTime() {
   SaveT(s_);
   ComputeInstant(s_, p_.ObsLat);
   SetFixedTime(p_, s_);
-  MarkDayActivity(modes_, tables_, DayActivity_);
+  MarkDayActivity(storm_.Modes, storm_.Minutes, storm_.DayActivity);
   DisplayTimes();
   DisplayInfo();
 }

@@ -21,6 +21,7 @@
 #include "speech/voice.h"
 #include "stormmodel/activity.h"
 #include "stormmodel/mode_table.h"
+#include "stormmodel/prediction.h"
 #include "stormmodel/settings_store.h"
 
 namespace quillmere {
@@ -68,7 +69,10 @@ class Form1 : public QWidget {
 
   ProgramState& state() { return p_; }
   EphemerisState& ephemeris() { return s_; }
-  const ModeTable& modes() const { return modes_; }
+  const ModeTable& modes() const { return storm_.Modes; }
+  StormValues& storm() { return storm_; }
+  // The program's values as the storm model reads them, brought up to date.
+  const ProgramValues& programValues();
   Speaker& speaker() { return *speaker_; }
   QTimer& Timer1() { return timer1_; }
   QLineEdit* input() { return txtIn; }
@@ -101,9 +105,8 @@ class Form1 : public QWidget {
   Form1Platform platform_;
   ProgramState p_;
   EphemerisState s_;
-  ModeTable modes_;
-  MinuteTables tables_;
-  ActivityTable DayActivity_;
+  StormValues storm_;  // the mode table, the minute tables and DayActivity, shared with Form3
+  ProgramValues programValues_;
   TodayActivityState today_;
   std::unique_ptr<Voice> voice_;
   std::unique_ptr<Speaker> speaker_;
