@@ -34,7 +34,43 @@ std::string JsonNumber(float value) {
   return Printf("%.9g", value);
 }
 
-std::string JsonString(const std::string& text) {
+namespace {
+
+bool IsUtf8(const std::string& text) {
+  for (size_t i = 0; i < text.size();) {
+    const unsigned char c = text[i];
+    const size_t extra = c < 0x80         ? 0
+                         : (c >> 5) == 6  ? 1
+                         : (c >> 4) == 14 ? 2
+                         : (c >> 3) == 30 ? 3
+                                          : 9;
+    if (extra == 9 || i + extra >= text.size() + (extra == 0)) return false;
+    for (size_t k = 1; k <= extra; ++k)
+      if ((static_cast<unsigned char>(text[i + k]) >> 6) != 2) return false;
+    i += extra + 1;
+  }
+  return true;
+}
+
+// Mode names are 8-bit text; what is not UTF-8 already is read as Latin-1, so the JSON stays valid.
+std::string AsUtf8(const std::string& text) {
+  if (IsUtf8(text)) return text;
+  std::string out;
+  for (unsigned char c : text) {
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else {
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+std::string JsonString(const std::string& raw) {
+  const std::string text = AsUtf8(raw);
   std::string out = "\"";
   for (unsigned char c : text) {
     if (c == '"' || c == '\\') {

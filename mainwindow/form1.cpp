@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 
 #include "mainwindow/entry.h"
@@ -261,7 +262,12 @@ void Form1::Form_Load() {
   // 14: the day's activity marks.
   if (storm_.Modes.ModesLoaded) ComputeTodayActivity();
 
-  // 17 to 20. (The info server's steps 15 and 16 join here.)
+  // 15, 16: the info server. Start-up goes on without it if it cannot listen; the user hears
+  // why after the welcome.
+  jis_.LoadJISSettings(*platform_.settings, p_.AppTitle);
+  if (jis_.settings.RunJIS) jis_.StartJIS();
+
+  // 17 to 20.
   timer1_.setInterval(1000);
   timer1_.start();
   ArrangeDateBoxes();
@@ -270,6 +276,7 @@ void Form1::Form_Load() {
 
   // 21, 22: the welcome, before the window is shown; the focus follows with the window.
   voice_->Speak("Welcome to Quillmere Speech Edition. For Help Press F1.", SVSFDefault);
+  if (!jis_.StartFailure().empty()) voice_->Speak(jis_.StartFailure(), SVSFDefault);
   txtIn->setFocus();
 }
 
@@ -278,8 +285,7 @@ void Form1::Form_Unload() {
   unloaded_ = true;
   p_.ProgramClosing = -1;
   timer1_.stop();
-  for (QWidget* w : QApplication::topLevelWidgets())
-    if (w != this && w->isVisible()) w->close();
+  UnloadForm3();
   if (voice_) voice_->Speak("Quillmere Speech Edition Closing.", SVSFDefault);
 }
 
@@ -344,6 +350,9 @@ void Form1::Timer1_Timer() {
     p_.LastAnnounce = platform_.clock->LocalNow();
     speaker_->CancelFlag = 0;
   }
+  if (jis_.settings.PushJIS &&
+      platform_.clock->LocalNow() > p_.LastJISSend + jis_.settings.JISMin / 1440.0)
+    jis_.SendJISInfo();
   if (!unloaded_) timer1_.start();
 }
 
@@ -449,6 +458,13 @@ void Form1::FillObLabel() {
   SetCaption(LBLOB, ObserverCaption(p_));
 }
 
+std::string Form1::JISRecord() {
+  int16_t alrt = 0;
+  std::string alertstr;
+  CheckForActivity(s_.T, storm_.Modes, today_.TodayActivity, alrt, alertstr);
+  return ComposeJISRecord(s_, Caption("LBLLMST"), alrt, alertstr);
+}
+
 // ---------------------------------------------------------------------------------------------
 // Spoken summaries: captions read back, so the ear gets what the eye gets.
 
@@ -474,6 +490,95 @@ void Form1::SpeakJupAll() {
       Caption("LBlCMIII"),
   };
   for (std::string text : lines) speaker_->SpeakCaption(text);
+}
+
+}  // namespace quillmere
+
+namespace quillmere {
+
+// ---------------------------------------------------------------------------------------------
+// The prediction window
+
+const ProgramValues& Form1::programValues() {
+  programValues_.AppTitle = p_.AppTitle;
+  programValues_.VersionText = p_.VersionText;
+  programValues_.ObsLat = p_.ObsLat;
+  programValues_.ObsLong = p_.ObsLong;
+  programValues_.DisplayWest = p_.DisplayWest;
+  programValues_.DFormat = p_.DFormat;
+  return programValues_;
+}
+
+// Loaded at the first use of any of its members; its own Exit unloads it, and the next use
+// loads it again.
+Form3& Form1::GetForm3() {
+  if (form3_ && form3_->Unloaded() && !form3_->core().ReportRunning) form3_.reset();
+  if (!form3_) {
+    form3_ = std::make_unique<Form3>(*this, s_, storm_, programValues(), *platform_.settings);
+    form3_->SetMessageSink(
+        [this](const std::string& text) { platform_.messages->Show(p_.AppTitle, text); });
+    form3_->Form_Load();
+  }
+  return *form3_;
+}
+
+void Form1::UnloadForm3() {
+  if (!form3_) return;
+  if (!form3_->Unloaded()) form3_->Form_Unload();
+  form3_->hide();
+  // A report still running stops at its next day; the window goes when it has.
+  if (form3_->core().ReportRunning) {
+    form3_->core().CancelReport = true;
+    return;
+  }
+  form3_.reset();
+}
+
+void Form1::StopTimer() {
+  timer1_.stop();
+}
+
+void Form1::FocusMainWindow() {
+  activateWindow();
+  raise();
+  txtIn->setFocus();
+}
+
+void Form1::ShowForThisTime(double instant) {
+  p_.RealTime = 0;
+  s_.T = instant;
+  SwitchToFixedTime();
+}
+
+void Form1::SpeakThis(const std::string& text) {
+  speaker_->SpeakThis(text);
+}
+void Form1::SpeakCharacters(const std::string& text) {
+  speaker_->SpeakCharacters(text);
+}
+
+// Reads the grid the prediction window shows: the heading, then each mode's cells with their
+// words. Esc is seen between modes.
+void Form1::SpeakPrediction(double pDay) {
+  std::string heading = " Predictions for " + FormatDateTime(pDay, "MM/DD/YYYY") + " .";
+  if (p_.IORelatedOnly) heading = "'I' 'O' related " + heading;
+  Say(heading, SVSFDefault);
+  const PredictionGrid& grid = GetForm3().core().Grid1;
+  for (int r = 1; r < grid.Rows() && !speaker_->CancelFlag; ++r) {
+    if (p_.IORelatedOnly) {
+      std::string name = grid.TextMatrix(r, 0);
+      for (char& ch : name) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+      if (name.find("IO") == std::string::npos) continue;
+    }
+    for (int c = 0; c < kGridColumns; ++c) {
+      speaker_->Yield();
+      const char* word = c == 0 ? "Mode " : (c % 2 == 1 ? "Begins " : "Ends ");
+      const std::string text = grid.TextMatrix(r, c);
+      if (text.empty()) continue;
+      speaker_->Yield();
+      Say(text.find("NONE") != std::string::npos ? text : word + text, SVSFDefault);
+    }
+  }
 }
 
 }  // namespace quillmere

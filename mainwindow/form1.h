@@ -10,9 +10,11 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "ephemeris/ephemeris.h"
+#include "infoserver/info_server.h"
 #include "mainwindow/display.h"
 #include "mainwindow/platform.h"
 #include "mainwindow/program_state.h"
@@ -23,6 +25,7 @@
 #include "stormmodel/mode_table.h"
 #include "stormmodel/prediction.h"
 #include "stormmodel/settings_store.h"
+#include "stormmodel/ui/form3.h"
 
 namespace quillmere {
 
@@ -37,7 +40,7 @@ struct Form1Platform {
   bool enterProgramDirectory = false;
 };
 
-class Form1 : public QWidget {
+class Form1 : public QWidget, public Form3Host {
  public:
   explicit Form1(Form1Platform platform, QWidget* parent = nullptr);
   ~Form1() override;
@@ -66,6 +69,25 @@ class Form1 : public QWidget {
   // Spoken summaries.
   void SpeakSunAll();
   void SpeakJupAll();
+  void SpeakPrediction(double pDay);
+
+  // The prediction window, loaded at its first use.
+  Form3& GetForm3();
+  bool Form3Loaded() const { return form3_ != nullptr; }
+  void UnloadForm3();
+
+  // What the prediction window asks of this one.
+  void StopTimer() override;
+  void FocusMainWindow() override;
+  void ShowForThisTime(double instant) override;
+  bool ProgramClosing() override { return p_.ProgramClosing != 0; }
+  bool RealTime() override { return p_.RealTime != 0; }
+  double FixedT() override { return p_.FixedT; }
+  double TimeZone() override { return p_.TimeZone; }
+  double PresentUT() override;
+  void SpeakThis(const std::string& text) override;
+  void SpeakCharacters(const std::string& text) override;
+  std::string ReportDirectory() override { return platform_.programDirectory; }
 
   ProgramState& state() { return p_; }
   EphemerisState& ephemeris() { return s_; }
@@ -75,6 +97,7 @@ class Form1 : public QWidget {
   const ProgramValues& programValues();
   Speaker& speaker() { return *speaker_; }
   QTimer& Timer1() { return timer1_; }
+  InfoServer& jis() { return jis_; }
   QLineEdit* input() { return txtIn; }
   // The caption of a control by its name; empty for an unknown name.
   std::string Caption(const std::string& objectName) const;
@@ -91,16 +114,23 @@ class Form1 : public QWidget {
   void BuildControls();
   QLabel* AddLabel(const char* name, const char* caption, const char* toolTip);
   QLineEdit* AddBox(const char* name, const char* toolTip);
-  double PresentUT();
   void DisplayCaption();
   void Say(const std::string& text, int flags);
   void DoCommand(const std::string& S, const std::string& line);
   void DoValue(std::string S);
   void DoNormalCommand(const std::string& C, const std::string& line);
   void DoPredictCommand(const std::string& C, const std::string& line);
+  bool DoPredictValue(const std::string& S, std::string& reply);
+  // The start date made anew from the prediction window's boxes; nothing when they hold none.
+  std::optional<double> StartDate();
+  void PutDateInBoxes(double day);
+  std::string ReadDays();
+  std::string SaveReport();
   std::string TimeModeText() const;
   void LoadSettings();
   void EnableTimerIfRealTime();
+  // The JIS record from the values and captions as they stand.
+  std::string JISRecord();
 
   Form1Platform platform_;
   ProgramState p_;
@@ -112,8 +142,11 @@ class Form1 : public QWidget {
   std::unique_ptr<Speaker> speaker_;
   HelpWalk help_;
   HelpWalk predictHelp_;
+  std::unique_ptr<Form3> form3_;
   Captions captions_;
   QTimer timer1_;
+  InfoServer jis_{[this] { return JISRecord(); }, [this] { return platform_.clock->LocalNow(); },
+                  p_.LastJISSend};
   bool unloaded_ = false;
 
   QLineEdit* txtIn = nullptr;

@@ -154,8 +154,8 @@ void Form1::DoNormalCommand(const std::string& C, const std::string& line) {
     reply = "Prediction Moded Entered.  Press F1 for Prediction Mode Help.";
     p_.PredictMode = -1;
     SwitchToFixedTime();
-    activateWindow();
-    txtIn->setFocus();
+    GetForm3().show();
+    FocusMainWindow();
   } else if (is({"T"})) {
     reply = std::string(p_.RealTime ? "Real Time Mode. " : "Fixed Time Mode. ") + " Current Time " +
             TimeModeText();
@@ -223,24 +223,131 @@ void Form1::DoNormalCommand(const std::string& C, const std::string& line) {
 }
 
 void Form1::DoPredictCommand(const std::string& C, const std::string& line) {
+  if (p_.PredictDuration < 1) p_.PredictDuration = 1;
   std::string reply;
+  const auto needDate = [this, &reply]() -> std::optional<double> {
+    const auto d0 = StartDate();
+    if (!d0) reply = "The date in the prediction window is not a date the program can use.";
+    return d0;
+  };
   if (C == "N") {
     p_.PredictMode = 0;
+    UnloadForm3();
     reply = "Normal Mode Resumed. ";
   } else if (C == "P") {
     reply = "You are in prediction mode.";
+  } else if (C == "I") {
+    p_.IORelatedOnly = -1;
+    reply = "'I' 'O' related storms only will be predicted.";
+  } else if (C == "NI") {
+    p_.IORelatedOnly = 0;
+    reply = "All storms will be predicted.";
+  } else if (C == "T") {
+    if (const auto d0 = needDate()) {
+      p_.PendingCommand = "T";
+      FocusMainWindow();
+      reply = "Prediction Start Date " + FormatDateTime(*d0, "MM/DD/YYYY");
+    }
+  } else if (C == "D") {
+    p_.PendingCommand = "D";
+    reply = "Prediction Duration in Days is " + NumberText(p_.PredictDuration);
+  } else if (C == "NXT") {
+    if (const auto d0 = needDate()) {
+      PutDateInBoxes(*d0 + 1);
+      GetForm3().CmdPredict_Click();
+      reply = "Prediction Start Date is Now. " + FormatDateTime(*d0 + 1, "MM/DD/YYYY");
+    }
+  } else if (C == "F" || C == "FN") {
+    const std::string& FFF = GetForm3().core().FFF;
+    reply = FFF.empty() ? "No prediction report has been saved yet."
+                        : "Last Saved Prediction Report was " + FFF + " .";
+  } else if (C == "R") {
+    if (needDate()) reply = ReadDays();
+  } else if (C == "SR") {
+    if (needDate()) reply = SaveReport();
   } else {
     reply = line + " not recognized. You are in Predict Mode. Type N for normal mode.";
   }
   speaker_->SpeakCaption(reply);
   txtIn->clear();
+  txtIn->setFocus();
+}
+
+std::optional<double> Form1::StartDate() {
+  const PredictionWindow& w = GetForm3().core();
+  const auto year = BoxInt16(w.txtYear), month = BoxInt16(w.txtMonth), day = BoxInt16(w.txtDay);
+  if (!year || !month || !day) return std::nullopt;
+  return DateSerial(*year, *month, *day);
+}
+
+// Day, month and year go into the boxes as plain numbers, in that order.
+void Form1::PutDateInBoxes(double day) {
+  const auto f = SplitDateTime(day);
+  if (!f) return;
+  PredictionWindow& w = GetForm3().core();
+  w.txtDay = std::to_string(f->day);
+  w.txtMonth = std::to_string(f->month);
+  w.txtYear = std::to_string(f->year);
+  GetForm3().Refresh();
+}
+
+std::string Form1::ReadDays() {
+  const double D0 = *StartDate();
+  storm_.ReportStart = D0;
+  storm_.ReportEnd = D0 + p_.PredictDuration;
+  const double E = D0 + p_.PredictDuration - 1;
+  for (double d = D0; !speaker_->CancelFlag && d <= E;) {
+    SpeakPrediction(d);
+    d = d + 1;
+    if (d <= E) GetForm3().CmdNextDay_Click();
+  }
+  // The window returns to the first day, so the next R starts from the same date.
+  PutDateInBoxes(D0);
+  GetForm3().CmdPredict_Click();
+  if (!speaker_->CancelFlag) return "";
+  speaker_->CancelFlag = 0;
+  return "Prediction Reed canceled.";
+}
+
+std::string Form1::SaveReport() {
+  const double D0 = *StartDate();
+  storm_.ReportStart = D0;
+  storm_.ReportEnd = D0 + p_.PredictDuration;
+  GetForm3().DoReport();
+  if (!speaker_->CancelFlag) return "Saved Report " + GetForm3().core().FFF;
+  speaker_->CancelFlag = 0;
+  return "Prediction Reed canceled.";
+}
+
+// The two values that only prediction mode takes. False when S is for another row.
+bool Form1::DoPredictValue(const std::string& S, std::string& reply) {
+  if (!p_.PredictMode) return false;
+  if (p_.PendingCommand == "T") {
+    const auto date = ParseDateTimeEntry(S);
+    if (!date) {
+      reply = S + " was not understood as a date. The prediction date stays as it was.";
+      return true;
+    }
+    PutDateInBoxes(*date);
+    reply = "Prediction Start Date. " + FormatDateTime(*date, "MM/DD/YYYY");
+    GetForm3().CmdPredict_Click();
+    FocusMainWindow();
+    return true;
+  }
+  if (p_.PendingCommand == "D") {
+    p_.PredictDuration = Val(S);
+    reply = "Prediction Duration changed to " + NumberText(p_.PredictDuration) + "days.";
+    return true;
+  }
+  return false;
 }
 
 void Form1::DoValue(std::string S) {
   const std::string waiting = p_.PendingCommand;
   SettingsStore& store = *platform_.settings;
   std::string reply = S;  // out of range: the user hears the entry back
-  if (waiting == "LAT" || waiting == "LT") {
+  if (DoPredictValue(S, reply)) {
+  } else if (waiting == "LAT" || waiting == "LT") {
     const float v = TextToLat(S);
     reply = S;
     if (InRange(v, -90, 90)) {

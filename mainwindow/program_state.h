@@ -41,6 +41,8 @@ struct ProgramState {
   // The command line.
   std::string PendingCommand;
   int16_t PredictMode = 0;
+  int16_t IORelatedOnly = 0;   // a spoken prediction reads only the modes named "IO"
+  double PredictDuration = 0;  // days that R reads; raised to 1 before each command
 
   // The voices installed, in the engine's order.
   std::vector<std::string> VoiceNames;

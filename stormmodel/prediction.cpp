@@ -81,6 +81,7 @@ void PredictionWindow::DoPredictions() {
   ComputeReportEvents();
   FillGrid();
   HourBar();
+  ui_.DayPredicted();
   RestoreT(s_);
 }
 

@@ -113,6 +113,9 @@ class PredictionWindow {
 // order gives empty text and leaves DateOrderText alone.
 std::string FormatDate(double value, int16_t DFormat, std::string& DateOrderText);
 
+// The line of the observer's place that the report header and the printed page share.
+std::string ReferenceCoordinates(const ProgramValues& program);
+
 // The report's file name for its first day: "20060705JP.TXT".
 std::string ReportFileName(double ReportStart);
 

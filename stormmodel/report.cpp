@@ -90,6 +90,14 @@ std::string FormatDate(double value, int16_t DFormat, std::string& DateOrderText
   }
 }
 
+std::string ReferenceCoordinates(const ProgramValues& program) {
+  const std::string longitude = program.DisplayWest == "W"
+                                    ? LongToText(program.ObsLong)
+                                    : LongToText(static_cast<float>(360 - program.ObsLong));
+  return "Reference Coordinates:  Longitude " + longitude + " " + program.DisplayWest +
+         "     Latitude " + LatToText(program.ObsLat);
+}
+
 std::string ReportFileName(double ReportStart) {
   return FormatDateTime(ReportStart, "yyyymmdd") + "JP.TXT";
 }
@@ -139,19 +147,14 @@ void PredictionWindow::Report(bool typed, const std::string& directory) {
     const std::string first =
         FormatDate(storm_.ReportStart, program_.DFormat, storm_.DateOrderText);
     const std::string last = FormatDate(storm_.ReportEnd, program_.DFormat, storm_.DateOrderText);
-    const std::string longitude = program_.DisplayWest == "W"
-                                      ? LongToText(program_.ObsLong)
-                                      : LongToText(static_cast<float>(360 - program_.ObsLong));
     const std::string header =
         std::string("JUPITER EVENT PREDICTIONS") + kCrLf + kCrLf + "Report Period  (GMT) " + first +
         "  to  " + last + "    ( " + ReplaceAll(storm_.DateOrderText, "  ", "/") + " )" + kCrLf +
-        "Reference Coordinates:  Longitude " + longitude + " " + program_.DisplayWest +
-        "     Latitude " + LatToText(program_.ObsLat) + kCrLf +
-        "Exclude times when Jupiter is below " + txtJupAltMin + " deg." + kCrLf +
-        "Exclude times when Sun is above " + txtSunAltMax + " deg." + kCrLf +
-        "Include only events that last at least " + NumberText(storm_.ReportMinDuration) +
-        " minutes." + kCrLf + "Quillmere Pro Software Version " + program_.VersionText + kCrLf +
-        kCrLf;
+        ReferenceCoordinates(program_) + kCrLf + "Exclude times when Jupiter is below " +
+        txtJupAltMin + " deg." + kCrLf + "Exclude times when Sun is above " + txtSunAltMax +
+        " deg." + kCrLf + "Include only events that last at least " +
+        NumberText(storm_.ReportMinDuration) + " minutes." + kCrLf +
+        "Quillmere Pro Software Version " + program_.VersionText + kCrLf + kCrLf;
     if (!file.Write(header)) return failed();
   }
 

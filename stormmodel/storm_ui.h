@@ -18,6 +18,9 @@ class StormUi {
   virtual void Yield() = 0;
   // The report options dialog, modal (CmdReport_Click only).
   virtual void ShowReportOptions() = 0;
+  // A day's search is done: the minute tables, DayActivity and the grid hold the new day. The
+  // window draws its chart and shows its grid here, so a report steps visibly through the days.
+  virtual void DayPredicted() {}
 };
 
 }  // namespace quillmere

@@ -300,6 +300,73 @@ TEST_F(MainWindow, VersionAndPredictionMode) {
   EXPECT_EQ(form->state().PredictMode, 0);
 }
 
+TEST_F(MainWindow, PredictionModeByKeyboard) {
+  Start();
+  EXPECT_EQ(Said("p"), "Prediction Moded Entered.  Press F1 for Prediction Mode Help.");
+  ASSERT_TRUE(form->Form3Loaded());
+  const struct {
+    const char *typed, *said;
+  } steps[] = {
+      {"d", "Prediction Duration in Days is  1"},  // raised to 1 before the lookup
+      {"0", "Prediction Duration changed to  0days."},
+      {"d", "Prediction Duration in Days is  1"},
+      {"t", "Prediction Start Date 07/05/2006"},
+      {"12/31/2006", "Prediction Start Date. 12/31/2006"},
+      {"nxt", "Prediction Start Date is Now. 01/01/2007"},  // across the year's end
+      {"f", "No prediction report has been saved yet."},
+      {"i", "'I' 'O' related storms only will be predicted."},
+      {"ni", "All storms will be predicted."},
+      {"j", "j not recognized. You are in Predict Mode. Type N for normal mode."},
+      {"*", "* not recognized. You are in Predict Mode. Type N for normal mode."},
+      {"q", "q not recognized. You are in Predict Mode. Type N for normal mode."},
+  };
+  for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+}
+
+TEST_F(MainWindow, ReadingDaysAloud) {
+  Start();
+  Type("p");
+  Type("t");
+  Type("07/05/2006");
+  Type("d");
+  Type("2");
+  const auto texts = [this] {
+    std::vector<std::string> t;
+    for (const Call& c : Type("r")) t.push_back(c.text);
+    return t;
+  }();
+  ASSERT_GE(texts.size(), 3u);
+  EXPECT_EQ(texts.front(), " Predictions for 07/05/2006 .");
+  EXPECT_EQ(texts[1], "Mode Io-A");
+  const auto second = std::find(texts.begin(), texts.end(), " Predictions for 07/06/2006 .");
+  EXPECT_NE(second, texts.end());
+  EXPECT_EQ(texts.back(), "");  // the reading itself was the answer
+  // The window is back on the first day.
+  EXPECT_EQ(form->GetForm3().core().txtDay, "5");
+
+  Type("i");
+  Type("d");
+  Type("1");
+  const auto io = Type("r");
+  ASSERT_FALSE(io.empty());
+  EXPECT_EQ(io.front().text, "'I' 'O' related  Predictions for 07/05/2006 .");
+  for (const Call& c : io) EXPECT_NE(c.text, "Mode Non-A");
+}
+
+TEST_F(MainWindow, SavingAReport) {
+  Start();
+  Type("p");
+  Type("t");
+  Type("07/05/2006");
+  const auto calls = Type("sr");
+  ASSERT_FALSE(calls.empty());
+  EXPECT_EQ(calls.back().text, "Saved Report 20060705JP.TXT");
+  EXPECT_TRUE(std::filesystem::exists(dir / "20060705JP.TXT"));
+  EXPECT_EQ(Said("fn"), "Last Saved Prediction Report was 20060705JP.TXT .");
+  EXPECT_EQ(Said("n"), "Normal Mode Resumed. ");
+  EXPECT_FALSE(form->Form3Loaded());
+}
+
 TEST_F(MainWindow, F1WalksTheHelp) {
   Start();
   QTest::keyClick(form->input(), Qt::Key_F1);
