@@ -230,7 +230,6 @@ TEST_F(PredictionWindowTest, LimitBoxesFeedTheSearchAndAreBoundedAfterIt) {
   Click("CmdPredict");
   EXPECT_EQ(settings.GetSetting(program.AppTitle, "Settings", "ReportJupAltMin", ""), " 100");
   EXPECT_EQ(Text("txtJupAltMin"), "90");
-  for (int r = 1; r < 3; ++r) EXPECT_EQ(ShownGrid()[r][1], "NONE");
 }
 
 TEST_F(PredictionWindowTest, TypedReportWritesTheCoreBytesAndSpeaksItsProgress) {
@@ -276,17 +275,23 @@ TEST_F(PredictionWindowTest, CancelStopsTheReportAtTheNextDay) {
   EXPECT_FALSE(Child("CmdCancelReport")->isVisible());
 }
 
-TEST_F(PredictionWindowTest, ExitDuringAReportLeavesAfterItsStop) {
-  Load();
-  const double start = *DateSerial(2006, 7, 5);
-  storm.ReportStart = start;
-  storm.ReportEnd = start + 30;
-  QTimer::singleShot(0, form.get(), [&] { Click("CmdExit"); });
-  form->DoReport();
-  EXPECT_EQ(messages, (std::vector<std::string>{"Report 20060705JP.TXT Canceled by User."}));
-  EXPECT_FALSE(form->isVisible());
-  EXPECT_TRUE(form->Unloaded());
-  EXPECT_EQ(host.focusBacks, 1);
+TEST_F(PredictionWindowTest, ExitHidesTheWindowAndDuringAReportLeavesAfterItsStop) {
+  for (bool duringReport : {false, true}) {
+    host.focusBacks = 0;
+    Load();
+    if (duringReport) {
+      storm.ReportStart = *DateSerial(2006, 7, 5);
+      storm.ReportEnd = storm.ReportStart + 30;
+      QTimer::singleShot(0, form.get(), [&] { Click("CmdExit"); });
+      form->DoReport();
+      EXPECT_EQ(messages, (std::vector<std::string>{"Report 20060705JP.TXT Canceled by User."}));
+    } else {
+      Click("CmdExit");
+    }
+    EXPECT_FALSE(form->isVisible()) << duringReport;
+    EXPECT_TRUE(form->Unloaded()) << duringReport;
+    EXPECT_EQ(host.focusBacks, 1) << duringReport;
+  }
 }
 
 TEST_F(PredictionWindowTest, ReportButtonAsksForThePeriodFirst) {
@@ -540,14 +545,6 @@ TEST_F(PredictionWindowTest, UnloadPutsTBackUnlessTheProgramCloses) {
   }
 }
 
-TEST_F(PredictionWindowTest, ExitHidesTheWindowAndReturnsToTheMainWindow) {
-  Load();
-  Click("CmdExit");
-  EXPECT_FALSE(form->isVisible());
-  EXPECT_EQ(host.focusBacks, 1);
-  EXPECT_TRUE(form->Unloaded());
-}
-
 TEST_F(PredictionWindowTest, DateBoxesFollowTheDateOrder) {
   const struct {
     int16_t DFormat;
@@ -597,10 +594,3 @@ TEST_F(PredictionWindowTest, PrintedPageCopiesTheGridUnderTheDateOfT) {
 
 }  // namespace
 }  // namespace quillmere
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -3,42 +3,21 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <QApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <map>
 
-#include "mainwindow/form1.h"
-#include "speech/recording_voice.h"
-#include "textutil/date_time.h"
+#include "form1_test_support.h"
 
 namespace quillmere {
 namespace {
 
-const char* const kApp = "Quillmere Speaking Edition";
-const char* const kWelcome = "Welcome to Quillmere Speech Edition. For Help Press F1.";
-
-class FixedClock : public Clock {
- public:
-  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
-  double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
-};
-
-class NoMessages : public MessageBoxes {
- public:
-  void Show(const std::string&, const std::string& text) override { ADD_FAILURE() << text; }
-};
+using testing::kWelcome;
 
 // A port the service may use: below 32768, which a 16-bit setting can hold, and free now.
 int FreePort() {
@@ -143,59 +122,20 @@ class Client {
   int fd_ = -1;
 };
 
-class JisService : public ::testing::Test {
+class JisService : public testing::Form1Test {
  protected:
   void SetUp() override {
-    dir = std::filesystem::path(::testing::TempDir()) /
-          ("jis_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-    std::filesystem::create_directories(dir);
-    std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    Form1Test::SetUp();
     port = FreePort();
     ASSERT_NE(port, 0);
-    Store({{"Latitude", " 30"}, {"Longitude", " 80"}, {"RunJIS", "1"}});
-    Store({{"JISPort", std::to_string(port)}});
+    Store({{"RunJIS", "1"}, {"JISPort", std::to_string(port)}});
   }
   void TearDown() override {
-    form.reset();
-    std::filesystem::remove_all(dir);
-  }
-  void Store(const std::map<std::string, std::string>& values) {
-    for (const auto& [key, value] : values) settings.SaveSetting(kApp, "Settings", key, value);
+    EXPECT_EQ(messages.shown, std::vector<std::string>{});
+    Form1Test::TearDown();
   }
 
-  // Starts the window as the program does, and runs one tick.
-  Form1& Start() {
-    Form1Platform platform;
-    platform.clock = &clock;
-    platform.settings = &settings;
-    platform.messages = &messages;
-    platform.programDirectory = dir.string();
-    platform.createVoice = [this] {
-      auto v = std::make_unique<RecordingVoice>();
-      voice = v.get();
-      return v;
-    };
-    form = std::make_unique<Form1>(platform);
-    form->Form_Load();
-    form->Timer1_Timer();
-    return *form;
-  }
-  void Tick(int seconds) {
-    clock.now += seconds / 86400.0;
-    form->Timer1_Timer();
-  }
-  void Type(const std::string& line) {
-    QTest::keyClicks(form->input(), QString::fromStdString(line));
-    QTest::keyClick(form->input(), Qt::Key_Return);
-  }
-
-  std::filesystem::path dir;
   int port = 0;
-  FixedClock clock;
-  MemorySettings settings;
-  NoMessages messages;
-  RecordingVoice* voice = nullptr;
-  std::unique_ptr<Form1> form;
 };
 
 // The record of the window's first tick: 2006-07-05 12:00:00 UT at 30 N, 80 W, where the
@@ -293,7 +233,6 @@ TEST_F(JisService, FixedTimeGivesTheFixedInstant) {
   const std::string second = c.received.substr(std::string(kNoonRecord).size());
   EXPECT_EQ(second.substr(0, second.find("JUPALT")),
             "Year = 2010\r\nMonth = 12\r\nDay = 25\r\nHour = 06\r\nMinute = 30\r\nSecond = 00\r\n");
-  EXPECT_NE(second, kNoonRecord);
 }
 
 TEST_F(JisService, AFailedStartIsToldOnceAndTheProgramRuns) {
@@ -375,7 +314,6 @@ TEST_F(JisService, AClientThatNeverReadsGetsNoGrowingQueue) {
   // Keys and the tick still work meanwhile.
   Tick(1);
   EXPECT_EQ(f.findChild<QLineEdit*>("txtS")->text(), "01");
-  voice->calls.clear();
   Type("je");
   EXPECT_EQ(voice->Texts(), std::vector<std::string>{"Jupiter  elevation  -69.2"});
   // Now it reads: what came is whole records only, and a new request is answered.
@@ -452,10 +390,3 @@ TEST_F(JisService, ManyClientsAtOnceLeaveOne) {
 
 }  // namespace
 }  // namespace quillmere
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

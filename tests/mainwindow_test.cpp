@@ -1,125 +1,37 @@
 // The main window as a user meets it: started with a fixed clock, a recording voice and an empty
 // store, typed at with key events, heard through what the voice was given.
 
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QTest>
-#include <filesystem>
-#include <fstream>
-
+#include "form1_test_support.h"
 #include "mainwindow/display.h"
 #include "mainwindow/entry.h"
-#include "mainwindow/form1.h"
-#include "speech/recording_voice.h"
-#include "stormmodel/settings_store.h"
-#include "textutil/date_time.h"
 
 namespace quillmere {
 namespace {
 
 using Call = RecordingVoice::Call;
 
-class FixedClock : public Clock {
- public:
-  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
-  TimeZoneInformation zone{1, 0, 0, 0};
-  double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return zone; }
-};
-
-class RecordedMessages : public MessageBoxes {
- public:
-  void Show(const std::string& title, const std::string& text) override {
-    shown.push_back(title + "|" + text);
-  }
-  std::vector<std::string> shown;
-};
-
-const char* const kApp = "Quillmere Speaking Edition";
-
-class MainWindow : public ::testing::Test {
+class MainWindow : public testing::Form1Test {
  protected:
   void SetUp() override {
-    dir = std::filesystem::path(::testing::TempDir()) /
-          ("form1_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-    std::filesystem::create_directories(dir);
-    std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    Form1Test::SetUp();
     std::ofstream(dir / "SpkHlp.txt") << "\\\\ comment\nFirst help line.\nok\nSecond help line.\n";
-    settings.SaveSetting(kApp, "Settings", "Latitude", " 30");
-    settings.SaveSetting(kApp, "Settings", "Longitude", " 80");
-    settings.writes.clear();
-  }
-  void TearDown() override { std::filesystem::remove_all(dir); }
-
-  // Starts the window as the program does, and runs one tick.
-  Form1& Start() {
-    Form1Platform platform;
-    platform.clock = &clock;
-    platform.settings = &settings;
-    platform.messages = &messages;
-    platform.programDirectory = dir.string();
-    platform.createVoice = [this] {
-      auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha", "Beta"}, 2);
-      voice = v.get();
-      return v;
-    };
-    form = std::make_unique<Form1>(platform);
-    form->Form_Load();
-    form->Timer1_Timer();
-    voice->calls.clear();
-    return *form;
-  }
-
-  // Types a line and Enter; returns what was said meanwhile.
-  std::vector<Call> Type(const std::string& line) {
-    voice->calls.clear();
-    QTest::keyClicks(form->input(), QString::fromStdString(line));
-    QTest::keyClick(form->input(), Qt::Key_Return);
-    return voice->calls;
   }
   std::string Said(const std::string& line) {
     const auto calls = Type(line);
     return calls.empty() ? "<nothing>" : calls.back().text;
   }
-
-  std::filesystem::path dir;
-  FixedClock clock;
-  MemorySettings settings;
-  RecordedMessages messages;
-  RecordingVoice* voice = nullptr;
-  std::unique_ptr<Form1> form;
 };
 
-TEST_F(MainWindow, StartsAndWelcomes) {
-  Form1Platform platform;
-  platform.clock = &clock;
-  platform.settings = &settings;
-  platform.messages = &messages;
-  platform.programDirectory = (dir / "empty").string();  // no mode file, no help
+TEST_F(MainWindow, StartsTicksAndCloses) {
   std::filesystem::create_directories(dir / "empty");
-  platform.createVoice = [this] {
-    auto v = std::make_unique<RecordingVoice>();
-    voice = v.get();
-    return v;
-  };
-  Form1 f(platform);
-  f.Form_Load();
-  ASSERT_EQ(messages.shown.size(), 1u);
-  EXPECT_EQ(messages.shown[0], "FILE ERROR!|Error  53 Occurred Loading " +
-                                   (dir / "empty").string() + "/UFMODES.JMF.\r\nFile Not Found");
-  EXPECT_EQ(voice->calls,
-            (std::vector<Call>{{"Welcome to Quillmere Speech Edition. For Help Press F1.", 0}}));
+  Form1& f = Start(dir / "empty");  // no mode file, no help
+  EXPECT_EQ(messages.shown,
+            std::vector<std::string>{"FILE ERROR!|Error  53 Occurred Loading " +
+                                     (dir / "empty").string() + "/UFMODES.JMF.\r\nFile Not Found"});
+  EXPECT_EQ(voice->calls, (std::vector<Call>{{testing::kWelcome, 0}}));
   f.show();
   EXPECT_EQ(f.windowTitle().toStdString(), "Quillmere Speech Edition.  1.0.1");
   EXPECT_EQ(f.Caption("LBLOB"), "Lat : 30:00:00.0\r\nLong: 80:00:00.0 W");
-  voice->calls.clear();
-  f.close();
-  EXPECT_EQ(voice->Texts(), std::vector<std::string>{"Quillmere Speech Edition Closing."});
-}
-
-TEST_F(MainWindow, TickFillsTheCaptions) {
-  Form1& f = Start();
   EXPECT_EQ(f.Caption("LBLJupAlt"), "EL: -69.2");
   EXPECT_EQ(f.Caption("LblJUPAZ"), "AZ: 320.3");
   EXPECT_EQ(f.Caption("LBLSunAlt"), "EL: 20.0");
@@ -132,6 +44,9 @@ TEST_F(MainWindow, TickFillsTheCaptions) {
   EXPECT_EQ(f.Caption("LBLLMST"), " LMST: 01:33:22");
   EXPECT_EQ(f.findChild<QLineEdit*>("txtY")->text(), "2006");
   EXPECT_EQ(f.findChild<QLineEdit*>("txtH")->text(), "12");
+  voice->calls.clear();
+  f.close();
+  EXPECT_EQ(voice->Texts(), std::vector<std::string>{"Quillmere Speech Edition Closing."});
 }
 
 TEST_F(MainWindow, ReadingsAndMenus) {
@@ -237,7 +152,6 @@ TEST_F(MainWindow, EscSilencesRepliesUntilASummaryEnds) {
 
 TEST_F(MainWindow, Summaries) {
   Start();
-  EXPECT_EQ(voice->calls.size(), 0u);
   const auto sun = Type("s*");
   EXPECT_EQ(sun, (std::vector<Call>{{"Sun  elevation  20.0", 0},
                                     {"Sun  azimuth  074.4", 0},
@@ -285,28 +199,20 @@ TEST_F(MainWindow, GraveAccentReadsTheLineBack) {
   EXPECT_EQ(form->input()->text(), "je.");
 }
 
-TEST_F(MainWindow, VersionAndPredictionMode) {
+TEST_F(MainWindow, VersionAndPredictionModeByKeyboard) {
   Start();
-  EXPECT_EQ(voice->Texts().size(), 0u);
   Type("ver");
   EXPECT_EQ(voice->Texts(),
             (std::vector<std::string>{"Version ", "1", "dot", "0", "dot", "1", ""}));
   EXPECT_EQ(Said("p"), "Prediction Moded Entered.  Press F1 for Prediction Mode Help.");
   EXPECT_EQ(form->state().PredictMode, -1);
-  EXPECT_EQ(Said("p"), "You are in prediction mode.");
-  EXPECT_EQ(Said("je"), "je not recognized. You are in Predict Mode. Type N for normal mode.");
-  EXPECT_EQ(Said("7"), "7 not recognized.");
-  EXPECT_EQ(Said("n"), "Normal Mode Resumed. ");
-  EXPECT_EQ(form->state().PredictMode, 0);
-}
-
-TEST_F(MainWindow, PredictionModeByKeyboard) {
-  Start();
-  EXPECT_EQ(Said("p"), "Prediction Moded Entered.  Press F1 for Prediction Mode Help.");
   ASSERT_TRUE(form->Form3Loaded());
   const struct {
     const char *typed, *said;
   } steps[] = {
+      {"p", "You are in prediction mode."},
+      {"je", "je not recognized. You are in Predict Mode. Type N for normal mode."},
+      {"7", "7 not recognized."},
       {"d", "Prediction Duration in Days is  1"},  // raised to 1 before the lookup
       {"0", "Prediction Duration changed to  0days."},
       {"d", "Prediction Duration in Days is  1"},
@@ -318,18 +224,15 @@ TEST_F(MainWindow, PredictionModeByKeyboard) {
       {"ni", "All storms will be predicted."},
       {"j", "j not recognized. You are in Predict Mode. Type N for normal mode."},
       {"*", "* not recognized. You are in Predict Mode. Type N for normal mode."},
-      {"q", "q not recognized. You are in Predict Mode. Type N for normal mode."},
+      {"n", "Normal Mode Resumed. "},
   };
   for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+  EXPECT_EQ(form->state().PredictMode, 0);
 }
 
-TEST_F(MainWindow, ReadingDaysAloud) {
+TEST_F(MainWindow, ReadingDaysAloudAndSavingAReport) {
   Start();
-  Type("p");
-  Type("t");
-  Type("07/05/2006");
-  Type("d");
-  Type("2");
+  for (const char* typed : {"p", "t", "07/05/2006", "d", "2"}) Type(typed);
   const auto texts = [this] {
     std::vector<std::string> t;
     for (const Call& c : Type("r")) t.push_back(c.text);
@@ -344,23 +247,13 @@ TEST_F(MainWindow, ReadingDaysAloud) {
   // The window is back on the first day.
   EXPECT_EQ(form->GetForm3().core().txtDay, "5");
 
-  Type("i");
-  Type("d");
-  Type("1");
+  for (const char* typed : {"i", "d", "1"}) Type(typed);
   const auto io = Type("r");
   ASSERT_FALSE(io.empty());
   EXPECT_EQ(io.front().text, "'I' 'O' related  Predictions for 07/05/2006 .");
   for (const Call& c : io) EXPECT_NE(c.text, "Mode Non-A");
-}
 
-TEST_F(MainWindow, SavingAReport) {
-  Start();
-  Type("p");
-  Type("t");
-  Type("07/05/2006");
-  const auto calls = Type("sr");
-  ASSERT_FALSE(calls.empty());
-  EXPECT_EQ(calls.back().text, "Saved Report 20060705JP.TXT");
+  EXPECT_EQ(Said("sr"), "Saved Report 20060705JP.TXT");
   EXPECT_TRUE(std::filesystem::exists(dir / "20060705JP.TXT"));
   EXPECT_EQ(Said("fn"), "Last Saved Prediction Report was 20060705JP.TXT .");
   EXPECT_EQ(Said("n"), "Normal Mode Resumed. ");
@@ -369,6 +262,7 @@ TEST_F(MainWindow, SavingAReport) {
 
 TEST_F(MainWindow, F1WalksTheHelp) {
   Start();
+  voice->calls.clear();
   QTest::keyClick(form->input(), Qt::Key_F1);
   EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"First help line.", "Second help line."}));
 }
@@ -413,21 +307,12 @@ TEST(Entry, ValuesAndCommands) {
             *DateSerial(2006, 7, 4) + TimeSerial(12, 30, 15));
   EXPECT_FALSE(ParseDateTimeEntry("02/30/2006"));
   EXPECT_FALSE(ParseDateTimeEntry("25:00"));
-  EXPECT_EQ(WithMenuLetter("A", ""), "JA");
-  EXPECT_EQ(WithMenuLetter("A", "S"), "SA");
-  EXPECT_EQ(WithMenuLetter("A", "LAT"), "JA");
-  EXPECT_EQ(WithMenuLetter("I", ""), "I");
-  EXPECT_EQ(WithMenuLetter("I", "J"), "JI");
-  EXPECT_EQ(WithMenuLetter("C", "S"), "C");
-  EXPECT_EQ(WithMenuLetter("*", "S"), "S*");
+  const std::array<const char*, 3> menus[] = {{"A", "", "JA"}, {"A", "S", "SA"}, {"A", "LAT", "JA"},
+                                              {"I", "", "I"},  {"I", "J", "JI"}, {"C", "S", "C"},
+                                              {"*", "S", "S*"}};
+  for (const auto& [letter, menu, command] : menus)
+    EXPECT_EQ(WithMenuLetter(letter, menu), command) << letter << " in " << menu;
 }
 
 }  // namespace
 }  // namespace quillmere
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -170,29 +170,20 @@ std::array<int16_t, 5> Limits(int16_t cl, int16_t ch, int16_t il, int16_t ih) {
 }
 
 TEST(ModeMark, InclusiveLimitsAndTheWrap) {
+  // Io-A's box, a box across 0, a single longitude, an Io range that can never hold, and zeros.
+  const auto io = Limits(200, 270, 195, 265), wrap = Limits(300, 20, 0, 360),
+             one = Limits(100, 100, 0, 360), never = Limits(0, 360, 200, 100),
+             zero = Limits(0, 0, 0, 0);
   const struct {
     std::array<int16_t, 5> limits;
     int16_t cml, io;
     int16_t mark;
   } cases[] = {
-      {Limits(200, 270, 195, 265), 200, 265, 1},
-      {Limits(200, 270, 195, 265), 270, 195, 1},
-      {Limits(200, 270, 195, 265), 199, 265, 0},
-      {Limits(200, 270, 195, 265), 200, 266, 0},
-      {Limits(200, 270, 195, 265), 271, 200, 0},
-      {Limits(200, 270, 195, 265), 230, 194, 0},
-      {Limits(300, 20, 0, 360), 300, 10, 1},
-      {Limits(300, 20, 0, 360), 360, 10, 1},
-      {Limits(300, 20, 0, 360), 0, 10, 1},
-      {Limits(300, 20, 0, 360), 20, 10, 1},
-      {Limits(300, 20, 0, 360), 21, 10, 0},
-      {Limits(300, 20, 0, 360), 299, 10, 0},
-      {Limits(100, 100, 0, 360), 100, 0, 1},
-      {Limits(100, 100, 0, 360), 101, 0, 0},
-      {Limits(100, 100, 0, 360), 99, 0, 0},
-      {Limits(0, 360, 200, 100), 150, 150, 0},
-      {Limits(0, 0, 0, 0), 0, 0, 1},
-      {Limits(0, 0, 0, 0), 0, 1, 0},
+      {io, 200, 265, 1}, {io, 270, 195, 1}, {io, 199, 265, 0},  {io, 200, 266, 0},
+      {io, 271, 200, 0}, {io, 230, 194, 0}, {wrap, 300, 10, 1}, {wrap, 360, 10, 1},
+      {wrap, 0, 10, 1},  {wrap, 20, 10, 1}, {wrap, 21, 10, 0},  {wrap, 299, 10, 0},
+      {one, 100, 0, 1},  {one, 101, 0, 0},  {one, 99, 0, 0},    {never, 150, 150, 0},
+      {zero, 0, 0, 1},   {zero, 0, 1, 0},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.limits[1] << "-" << c.limits[2] << " / " << c.limits[3]

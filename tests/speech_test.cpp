@@ -84,13 +84,10 @@ TEST_F(SpeakerFixture, SpeakCaptionYieldsRewritesYieldsThenSpeaks) {
   speaker.SpeakCaption(caption);
   EXPECT_EQ(seenAtYield, (std::vector<std::string>{"Sun EL: 12.3", "Sun  elevation  12.3"}));
   EXPECT_EQ(caption, "Sun  elevation  12.3");
-  EXPECT_EQ(voice.calls, (std::vector<Call>{{"Sun  elevation  12.3", SVSFDefault}}));
-}
-
-TEST_F(SpeakerFixture, SpeakCaptionOfNothingStillSpeaks) {
-  caption = "";
+  caption = "";  // nothing is still spoken
   speaker.SpeakCaption(caption);
-  EXPECT_EQ(voice.calls, (std::vector<Call>{{"", SVSFDefault}}));
+  EXPECT_EQ(voice.calls,
+            (std::vector<Call>{{"Sun  elevation  12.3", SVSFDefault}, {"", SVSFDefault}}));
 }
 
 TEST_F(SpeakerFixture, CancelFlagSilencesCaptionsButNotTheRest) {
@@ -137,20 +134,18 @@ TEST_F(SpeakerFixture, SpeakCharactersOneCallEach) {
 }
 
 TEST(PronouncePunctuation, NamesMarksKeepsLettersAndDigits) {
-  const TextCase cases[] = {
-      {".", "dot"},
-      {"a", "a"},
-      {" ", "space"},
-      {"7", "7"},
-      {":", "colon"},
-      {"-5.5", "minus 5 dot 5"},
-      {"35:12", "35 colon 12"},
-      {"", ""},
-  };
+  const TextCase cases[] = {{".", "dot"},
+                            {"a", "a"},
+                            {" ", "space"},
+                            {"7", "7"},
+                            {":", "colon"},
+                            {"-5.5", "minus 5 dot 5"},
+                            {"35:12", "35 colon 12"},
+                            {"", ""}};
   for (const auto& c : cases) EXPECT_EQ(PronouncePunctuation(c.in), c.out) << c.in;
 }
 
-TEST(TextVoice, OneLinePerUtterance) {
+TEST(TextVoice, OneLinePerUtteranceOneVoiceAndARate) {
   std::ostringstream out;
   TextVoice voice(out);
   Speaker speaker(voice, [] {});
@@ -161,11 +156,6 @@ TEST(TextVoice, OneLinePerUtterance) {
   speaker.SpeakCharacters("1.0");
   voice.Speak(",", SVSFNLPSpeakPunc);
   EXPECT_EQ(out.str(), "Welcome.\n45\ntwo lines  \n1\ndot\n0\n,\n");
-}
-
-TEST(TextVoice, OneVoiceAndARate) {
-  std::ostringstream out;
-  TextVoice voice(out);
   EXPECT_EQ(voice.GetVoices(), std::vector<std::string>{"Text"});
   EXPECT_EQ(voice.GetDescription(), "Text");
   voice.SetRate(-4);
@@ -253,14 +243,14 @@ TEST_F(HelpFixture, EscStopsBetweenLinesAndTheNextF1StartsAtTheTop) {
   EXPECT_EQ(voice.Texts(), (std::vector<std::string>{"One.", "Two.", "Three."}));
 }
 
-TEST_F(HelpFixture, EscDuringTheLastLineIsStillSeenAndLowered) {
+TEST_F(HelpFixture, EscDuringTheLastLineIsStillSeenAndLoweredAndNewRunSetsTheIndex) {
   walk.lines = {"Only line.", "", ""};
   voice.onSpeak = [&](const std::string&, int) { speaker.CancelFlag = -1; };
   EXPECT_EQ(F1(), 2);
   EXPECT_EQ(speaker.CancelFlag, 0);
-}
 
-TEST_F(HelpFixture, NewRunSetsTheIndex) {
+  voice.onSpeak = nullptr;
+  voice.calls.clear();
   walk.lines = {"One.", "Two.", "Three.", "", ""};
   EXPECT_TRUE(walk.Step(speaker, 2));
   EXPECT_EQ(voice.Texts(), std::vector<std::string>{"Three."});

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -13,57 +14,53 @@ namespace quillmere {
 namespace {
 
 TEST(NumberText, ShortestTextWithBlankForNonNegative) {
-  EXPECT_EQ(NumberText(15), " 15");
-  EXPECT_EQ(NumberText(-5), "-5");
-  EXPECT_EQ(NumberText(0.45), " .45");
-  EXPECT_EQ(NumberText(-0.45), "-.45");
-  EXPECT_EQ(NumberText(0), " 0");
-  EXPECT_EQ(NumberText(41.5f), " 41.5");
+  const std::pair<double, const char*> doubles[] = {
+      {15, " 15"},        {-5, "-5"}, {0.45, " .45"},
+      {-0.45, "-.45"},    {0, " 0"},  {1.0 / 3, " .333333333333333"},
+      {0.00001, " 1E-05"}};
+  for (const auto& [value, text] : doubles) EXPECT_EQ(NumberText(value), text) << value;
   // A 32-bit value shows seven digits, not the digits of its binary expansion.
-  EXPECT_EQ(NumberText(47.85f), " 47.85");
-  EXPECT_EQ(NumberText(0.1f), " .1");
-  EXPECT_EQ(NumberText(1.0 / 3), " .333333333333333");
-  EXPECT_EQ(NumberText(1.0f / 3), " .3333333");
-  EXPECT_EQ(NumberText(0.00001), " 1E-05");
-  EXPECT_EQ(NumberText(12345678.0f), " 1.234568E+07");
+  const std::pair<float, const char*> floats[] = {
+      {41.5f, " 41.5"},
+      {47.85f, " 47.85"},
+      {0.1f, " .1"},
+      {1.0f / 3, " .3333333"},
+      {12345678.0f, " 1.234568E+07"},
+  };
+  for (const auto& [value, text] : floats) EXPECT_EQ(NumberText(value), text) << value;
 }
 
-struct FormatCase {
-  double value;
-  bool single;  // formatted as a 32-bit value
-  const char* pattern;
-  const char* text;
-};
-
+// Halves round away from zero; a value that rounds to zero keeps its sign; 1.005 is held as
+// 1.00499999999999989 but read by its fifteen digits, 1.00500000000000.
 TEST(Format, Patterns) {
-  const FormatCase cases[] = {
-      {5, false, "00", "05"},
-      {-1, false, "00", "-01"},
-      {29.5, false, "00", "30"},  // half away from zero
-      {-29.5, false, "00", "-30"},
-      {123, false, "00", "123"},
-      {7.25, false, "000", "007"},
-      {7.25, false, "00.0", "07.3"},
-      {47.85f, true, "000.0", "047.9"},   // held as 47.84999847, read by its seven digits
-      {47.85f, false, "000.0", "047.8"},  // the same binary value read by fifteen digits
-      {-0.04, false, "00.0", "-00.0"},    // rounds to zero, keeps its sign
-      {0.04, false, "00.0", "00.0"},
-      {59.96, false, "00.0", "60.0"},
-      {1.005, false, "000.00", "001.01"},  // 1.00499999999999989 reads as 1.00500000000000
-      {0.5, false, "000.00", "000.50"},
-      {0, false, "##", ""},
-      {7, false, "##", "7"},
-      {12, false, "##", "12"},
-      {0, false, "#0", "0"},
-      {3, false, "#0", "3"},
-      {999.96, false, "000.0", "1000.0"},
-      {0.0000001, false, "00.0", "00.0"},
-  };
-  for (const FormatCase& c : cases) {
-    const std::string got =
-        c.single ? Format(static_cast<float>(c.value), c.pattern) : Format(c.value, c.pattern);
-    EXPECT_EQ(got, c.text) << c.value << " by " << c.pattern << (c.single ? " (32-bit)" : "");
-  }
+  const struct {
+    double value;
+    const char *pattern, *text;
+  } cases[] = {{5, "00", "05"},
+               {-1, "00", "-01"},
+               {29.5, "00", "30"},
+               {-29.5, "00", "-30"},
+               {123, "00", "123"},
+               {7.25, "000", "007"},
+               {7.25, "00.0", "07.3"},
+               {-0.04, "00.0", "-00.0"},
+               {0.04, "00.0", "00.0"},
+               {59.96, "00.0", "60.0"},
+               {1.005, "000.00", "001.01"},
+               {0.5, "000.00", "000.50"},
+               {0, "##", ""},
+               {7, "##", "7"},
+               {12, "##", "12"},
+               {0, "#0", "0"},
+               {3, "#0", "3"},
+               {999.96, "000.0", "1000.0"},
+               {0.0000001, "00.0", "00.0"}};
+  for (const auto& c : cases)
+    EXPECT_EQ(Format(c.value, c.pattern), c.text) << c.value << " by " << c.pattern;
+  // 47.85f is held as 47.84999847: read by its seven digits as a 32-bit value, by fifteen as a
+  // 64-bit one.
+  EXPECT_EQ(Format(47.85f, "000.0"), "047.9");
+  EXPECT_EQ(Format(static_cast<double>(47.85f), "000.0"), "047.8");
 }
 
 TEST(Val, LongestNumericPrefix) {
@@ -81,13 +78,11 @@ TEST(Val, LongestNumericPrefix) {
 }
 
 TEST(Rounding, IntFixAndHalfEven) {
-  EXPECT_EQ(Int(-0.5), -1);
-  EXPECT_EQ(Fix(-0.5), 0);
-  EXPECT_EQ(Int(2.7), 2);
-  EXPECT_EQ(Fix(-2.7), -2);
-  EXPECT_EQ(RoundHalfEven(2.5), 2);
-  EXPECT_EQ(RoundHalfEven(3.5), 4);
-  EXPECT_EQ(RoundHalfEven(-2.5), -2);
+  const std::array<double, 4> cases[] = {// x, Int, Fix, RoundHalfEven
+                                         {-0.5, -1, 0, 0}, {2.7, 2, 2, 3}, {-2.7, -3, -2, -3},
+                                         {2.5, 2, 2, 2},   {3.5, 3, 3, 4}, {-2.5, -3, -2, -2}};
+  for (const auto& [x, i, f, r] : cases)
+    EXPECT_EQ((std::array{Int(x), Fix(x), RoundHalfEven(x)}), (std::array{i, f, r})) << x;
 }
 
 TEST(DateTime, ComposeWithRollOver) {
@@ -145,11 +140,13 @@ TEST(DateTime, SplitAtTheNearestSecond) {
 
 TEST(DateTime, Patterns) {
   const double t = *DateSerial(2006, 7, 5) + TimeSerial(13, 4, 9);
-  EXPECT_EQ(FormatDateTime(t, "MM/DD/YYYY HH:nn:ss"), "07/05/2006 13:04:09");
-  EXPECT_EQ(FormatDateTime(t, "yyyy-mm-dd"), "2006-07-05");
-  EXPECT_EQ(FormatDateTime(t, "hh:mm"), "13:04");  // minutes after an hour field
-  EXPECT_EQ(FormatDateTime(t, "hh:mm dd/mm"), "13:04 05/07");
-  EXPECT_EQ(FormatDateTime(t, "dd.mm.yyyy"), "05.07.2006");
+  const std::pair<const char*, const char*> cases[] = {
+      {"MM/DD/YYYY HH:nn:ss", "07/05/2006 13:04:09"},
+      {"yyyy-mm-dd", "2006-07-05"},
+      {"hh:mm", "13:04"},  // minutes after an hour field
+      {"hh:mm dd/mm", "13:04 05/07"},
+      {"dd.mm.yyyy", "05.07.2006"}};
+  for (const auto& [pattern, text] : cases) EXPECT_EQ(FormatDateTime(t, pattern), text) << pattern;
   EXPECT_EQ(FormatDateTime(1e12, "yyyy"), "");
 }
 
@@ -226,13 +223,11 @@ TEST(LatLng, ParseDecimal) {
 }
 
 TEST(ErrorText, WordsAndNumbers) {
-  EXPECT_EQ(ErrorText(53), "File Not Found");
-  EXPECT_EQ(ErrorText(6), "OverFlow");
-  EXPECT_EQ(ErrorText(74), "Can't Rename with Different Drive");
-  EXPECT_EQ(ErrorText(482), "Printer Error");
-  EXPECT_EQ(ErrorText(0), "Error # 0");
-  EXPECT_EQ(ErrorText(13), "Error # 13");
-  EXPECT_EQ(ErrorText(-1), "Error #-1");
+  const std::pair<int, const char*> cases[] = {
+      {53, "File Not Found"}, {6, "OverFlow"},  {74, "Can't Rename with Different Drive"},
+      {482, "Printer Error"}, {0, "Error # 0"}, {13, "Error # 13"},
+      {-1, "Error #-1"}};
+  for (const auto& [number, text] : cases) EXPECT_EQ(ErrorText(number), text) << number;
 }
 
 }  // namespace

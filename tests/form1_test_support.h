@@ -1,0 +1,93 @@
+#pragma once
+// The main window as the program starts it, for the window's and the info server's tests: a
+// fixed clock, settings in memory, recorded message boxes and a recording voice with two voices.
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+
+#include "mainwindow/form1.h"
+#include "speech/recording_voice.h"
+#include "textutil/date_time.h"
+
+namespace quillmere::testing {
+
+inline const char* const kApp = "Quillmere Speaking Edition";
+inline const char* const kWelcome = "Welcome to Quillmere Speech Edition. For Help Press F1.";
+
+class FixedClock : public Clock {
+ public:
+  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
+  double LocalNow() override { return now; }
+  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
+};
+
+class RecordedMessages : public MessageBoxes {
+ public:
+  void Show(const std::string& title, const std::string& text) override {
+    shown.push_back(title + "|" + text);
+  }
+  std::vector<std::string> shown;
+};
+
+// 30 N, 80 W, and a mode file of two modes beside the program.
+class Form1Test : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir = std::filesystem::path(::testing::TempDir()) /
+          ("form1_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
+    std::filesystem::create_directories(dir);
+    std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    Store({{"Latitude", " 30"}, {"Longitude", " 80"}});
+    settings.writes.clear();
+  }
+  void TearDown() override {
+    form.reset();
+    std::filesystem::remove_all(dir);
+  }
+  void Store(const std::map<std::string, std::string>& values) {
+    for (const auto& [key, value] : values) settings.SaveSetting(kApp, "Settings", key, value);
+  }
+
+  // Starts the window as the program does, and runs one tick.
+  Form1& Start(const std::filesystem::path& programDirectory = {}) {
+    Form1Platform platform;
+    platform.clock = &clock;
+    platform.settings = &settings;
+    platform.messages = &messages;
+    platform.programDirectory = (programDirectory.empty() ? dir : programDirectory).string();
+    platform.createVoice = [this] {
+      auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha", "Beta"}, 2);
+      voice = v.get();
+      return v;
+    };
+    form = std::make_unique<Form1>(platform);
+    form->Form_Load();
+    form->Timer1_Timer();
+    return *form;
+  }
+  void Tick(int seconds) {
+    clock.now += seconds / 86400.0;
+    form->Timer1_Timer();
+  }
+  // Types a line and Enter; returns what was said meanwhile.
+  std::vector<RecordingVoice::Call> Type(const std::string& line) {
+    voice->calls.clear();
+    QTest::keyClicks(form->input(), QString::fromStdString(line));
+    QTest::keyClick(form->input(), Qt::Key_Return);
+    return voice->calls;
+  }
+
+  std::filesystem::path dir;
+  FixedClock clock;
+  MemorySettings settings;
+  RecordedMessages messages;
+  RecordingVoice* voice = nullptr;
+  std::unique_ptr<Form1> form;
+};
+
+}  // namespace quillmere::testing
