@@ -3,7 +3,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <filesystem>
 #include <fstream>
 
@@ -57,12 +56,3 @@ BENCHMARK(BM_MonthReportThroughTheWindow)->Unit(benchmark::kMillisecond)->Repeti
 
 }  // namespace
 }  // namespace quillmere
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}

@@ -1,6 +1,5 @@
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 
 #include "mainwindow/display.h"
 #include "mainwindow/form1.h"
@@ -65,12 +64,3 @@ BENCHMARK(BM_TickWithWidgets)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace quillmere
-
-int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}

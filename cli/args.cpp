@@ -67,9 +67,8 @@ double ParseInstant(const std::string& option, const std::string& text, bool dat
         dateAlone ? "expected YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS (UT)"
                   : "expected YYYY-MM-DDTHH:MM:SS (UT)");
   if (y < kFirstYear || y > kLastYear) Bad(option, text, "year out of range 100 to 9999");
-  const auto day = DateSerial(y, mo, d);
-  const auto back = day ? SplitDateTime(*day) : std::nullopt;
-  if (mo < 1 || mo > 12 || !back || back->day != d) Bad(option, text, "no such date");
+  const auto day = CalendarDate(y, mo, d);
+  if (!day) Bad(option, text, "no such date");
   if (h > 23 || mi > 59 || s > 59) Bad(option, text, "no such time of day");
   return *day + TimeSerial(h, mi, s);
 }

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "textutil/date_time.h"
+#include "textutil/text.h"
 
 namespace quillmere {
 namespace {
@@ -35,16 +36,10 @@ std::optional<double> TimePart(const std::string& s, size_t i) {
   return TimeSerial(h, m, sec);
 }
 
-std::string Trimmed(const std::string& s) {
-  const size_t first = s.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return s.substr(first, s.find_last_not_of(" \t") - first + 1);
-}
-
 }  // namespace
 
 bool IsNumeric(const std::string& text) {
-  const std::string s = Trimmed(text);
+  const std::string s = Trimmed(text, " \t");
   size_t i = 0;
   if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
   size_t digits = 0;
@@ -65,16 +60,15 @@ bool IsNumeric(const std::string& text) {
 }
 
 std::optional<double> ParseDateTimeEntry(const std::string& text) {
-  const std::string s = Trimmed(text);
+  const std::string s = Trimmed(text, " \t");
   if (s.find('/') == std::string::npos) return TimePart(s, 0);
   size_t i = 0;
   long long month = 0, day = 0, year = 0;
   if (!Digits(s, i, 2, month) || i >= s.size() || s[i++] != '/' || !Digits(s, i, 2, day) ||
       i >= s.size() || s[i++] != '/' || !Digits(s, i, 4, year) || year < 1000)
     return std::nullopt;
-  const auto date = DateSerial(year, month, day);
-  const auto back = date ? SplitDateTime(*date) : std::nullopt;
-  if (month < 1 || month > 12 || !back || back->day != day) return std::nullopt;
+  const auto date = CalendarDate(year, month, day);
+  if (!date) return std::nullopt;
   if (i == s.size()) return *date;
   if (s[i] != ' ') return std::nullopt;
   while (i < s.size() && s[i] == ' ') ++i;
@@ -84,9 +78,7 @@ std::optional<double> ParseDateTimeEntry(const std::string& text) {
 }
 
 std::string NormalizeEntry(const std::string& line) {
-  std::string s = Trimmed(line);
-  for (char& c : s) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return s;
+  return UpperCase(Trimmed(line, " \t"));
 }
 
 bool IsValueEntry(const std::string& S) {

@@ -16,6 +16,7 @@
 #include "textutil/date_time.h"
 #include "textutil/latlng.h"
 #include "textutil/number_text.h"
+#include "textutil/text.h"
 
 namespace quillmere {
 namespace {
@@ -221,15 +222,14 @@ void Form1::Form_Load() {
   if (platform_.enterProgramDirectory)
     QDir::setCurrent(QString::fromStdString(platform_.programDirectory));
 
-  // 3: the help files, before the voice exists: a missing one can only be noted.
-  const std::string speechHelp = platform_.programDirectory + "/SpkHlp.txt";
-  const std::string predictHelp = platform_.programDirectory + "/PredictHlp.txt";
-  help_.lines = LoadHelpLines(speechHelp);
-  if (!QFile::exists(QString::fromStdString(speechHelp)))
-    std::fprintf(stderr, "Speech help file %s not found.\n", speechHelp.c_str());
-  predictHelp_.lines = LoadHelpLines(predictHelp);
-  if (!QFile::exists(QString::fromStdString(predictHelp)))
-    std::fprintf(stderr, "Predict help file %s not found.\n", predictHelp.c_str());
+  // 3: the help files. Before the voice exists a missing one can only be noted.
+  const auto loadHelp = [this](const char* name, const char* what) {
+    const std::string path = platform_.programDirectory + "/" + name;
+    if (!FileExists(path)) std::fprintf(stderr, "%s help file %s not found.\n", what, path.c_str());
+    return LoadHelpLines(path);
+  };
+  help_.lines = loadHelp("SpkHlp.txt", "Speech");
+  predictHelp_.lines = loadHelp("PredictHlp.txt", "Predict");
 
   // 4: the time zone.
   p_.DetectedTZ = DetectTimeZone(platform_.clock->GetTimeZoneInformation());
@@ -566,9 +566,7 @@ void Form1::SpeakPrediction(double pDay) {
   const PredictionGrid& grid = GetForm3().core().Grid1;
   for (int r = 1; r < grid.Rows() && !speaker_->CancelFlag; ++r) {
     if (p_.IORelatedOnly) {
-      std::string name = grid.TextMatrix(r, 0);
-      for (char& ch : name) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-      if (name.find("IO") == std::string::npos) continue;
+      if (UpperCase(grid.TextMatrix(r, 0)).find("IO") == std::string::npos) continue;
     }
     for (int c = 0; c < kGridColumns; ++c) {
       speaker_->Yield();

@@ -103,38 +103,39 @@ void Form1::DoNormalCommand(const std::string& C, const std::string& line) {
   std::string reply;
   bool quit = false;
 
-  if (is({"JE"})) {
-    reply = "Jupiter " + Caption("LBLJupAlt");
-  } else if (is({"SE"})) {
-    reply = "Sun " + Caption("LBLSunAlt");
-  } else if (is({"JA"})) {
-    reply = "Jupiter " + Caption("LblJUPAZ");
-  } else if (is({"SA"})) {
-    reply = "Sun " + Caption("LbLSunAz");
-  } else if (is({"JH", "JHA"})) {
-    reply = "Jupiter " + Caption("LBLJupHA");
-  } else if (is({"SH", "SHA"})) {
-    reply = "Sun " + Caption("LBLSunHA");
-  } else if (is({"JRA"})) {
-    reply = "Jupiter " + Caption("LblJupRA");
-  } else if (is({"SRA"})) {
-    reply = "Sun " + Caption("LbLSunRA");
-  } else if (is({"JD"})) {
-    reply = "Jupiter " + Caption("LblJupDEC");
-  } else if (is({"SD"})) {
-    reply = "Sun " + Caption("LBLSunDec");
-  } else if (is({"JRS"})) {
-    reply = "Jupiter " + Caption("LbLJupRise") + "  " + Caption("LbLJupSet");
-  } else if (is({"SRS"})) {
-    reply = "Sun " + Caption("LbLSunRise") + " " + Caption("LbLSunSet");
-  } else if (is({"JI"})) {
-    reply = Caption("LbLSGC");
-  } else if (is({"S3", "JC"})) {
-    reply = Caption("LBlCMIII");
-  } else if (is({"LMST", "LS", "LST", "ST"})) {
-    reply = Caption("LBLLMST");
-  } else if (is({"M", "JS", "MODE"})) {
-    reply = "Jupiter " + Caption("LBLQ");
+  // Readings of one value: a prefix and the caption of a label, or of two joined.
+  struct Reading {
+    std::initializer_list<const char*> names;
+    const char* prefix;
+    const char* label;
+    const char* join;  // between the label and a second one, when there is one
+    const char* second;
+  };
+  static const Reading kReadings[] = {
+      {{"JE"}, "Jupiter ", "LBLJupAlt", "", nullptr},
+      {{"SE"}, "Sun ", "LBLSunAlt", "", nullptr},
+      {{"JA"}, "Jupiter ", "LblJUPAZ", "", nullptr},
+      {{"SA"}, "Sun ", "LbLSunAz", "", nullptr},
+      {{"JH", "JHA"}, "Jupiter ", "LBLJupHA", "", nullptr},
+      {{"SH", "SHA"}, "Sun ", "LBLSunHA", "", nullptr},
+      {{"JRA"}, "Jupiter ", "LblJupRA", "", nullptr},
+      {{"SRA"}, "Sun ", "LbLSunRA", "", nullptr},
+      {{"JD"}, "Jupiter ", "LblJupDEC", "", nullptr},
+      {{"SD"}, "Sun ", "LBLSunDec", "", nullptr},
+      {{"JRS"}, "Jupiter ", "LbLJupRise", "  ", "LbLJupSet"},
+      {{"SRS"}, "Sun ", "LbLSunRise", " ", "LbLSunSet"},
+      {{"JI"}, "", "LbLSGC", "", nullptr},
+      {{"S3", "JC"}, "", "LBlCMIII", "", nullptr},
+      {{"LMST", "LS", "LST", "ST"}, "", "LBLLMST", "", nullptr},
+      {{"M", "JS", "MODE"}, "Jupiter ", "LBLQ", "", nullptr},
+  };
+  const Reading* reading = nullptr;
+  for (const Reading& r : kReadings)
+    if (is(r.names)) reading = &r;
+
+  if (reading) {
+    reply = reading->prefix + Caption(reading->label);
+    if (reading->second) reply += reading->join + Caption(reading->second);
   } else if (is({"J*"})) {
     SpeakJupAll();
     speaker_->CancelFlag = 0;

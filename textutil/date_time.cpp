@@ -46,6 +46,14 @@ std::optional<double> DateSerial(long long year, long long month, long long day)
   return static_cast<double>((date - kEpoch).count());
 }
 
+std::optional<double> CalendarDate(long long year, long long month, long long day) {
+  if (month < 1 || month > 12 || day < 1 || day > 31) return std::nullopt;
+  const auto date = DateSerial(year, month, day);
+  const auto back = date ? SplitDateTime(*date) : std::nullopt;
+  if (!back || back->day != day) return std::nullopt;
+  return date;
+}
+
 double TimeSerial(long long hour, long long minute, long long second) {
   return static_cast<double>(hour * 3600 + minute * 60 + second) / 86400.0;
 }

@@ -26,6 +26,9 @@ struct DateTimeFields {
 // before). Nothing when the result falls outside kFirstYear..kLastYear.
 std::optional<double> DateSerial(long long year, long long month, long long day);
 
+// A date exactly as written, without roll-over: nothing for 30 February or month 13.
+std::optional<double> CalendarDate(long long year, long long month, long long day);
+
 // A time of day as the fraction of a day; hours, minutes and seconds may run over.
 double TimeSerial(long long hour, long long minute, long long second);
 

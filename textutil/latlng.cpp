@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "textutil/number_text.h"
+#include "textutil/text.h"
 
 namespace quillmere {
 namespace {
@@ -37,12 +38,6 @@ std::string AngleText(float x, double f, double minuteFactor, double minuteDivis
     degrees += WholeText(d) + ":";
   }
   return degrees + Format(m, "00") + ":" + Format(s, "00.0");
-}
-
-std::string Trimmed(const std::string& s) {
-  const size_t first = s.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return s.substr(first, s.find_last_not_of(' ') - first + 1);
 }
 
 // The parts of a colon form: d (whole degrees), m (whole minutes, with two colons) and r, the
