@@ -1,6 +1,5 @@
 #include <benchmark/benchmark.h>
 
-
 #include "mainwindow/display.h"
 #include "mainwindow/form1.h"
 #include "speech/recording_voice.h"
