@@ -276,8 +276,14 @@ void Form1::Form_Load() {
 
   // 21, 22: the welcome, before the window is shown; the focus follows with the window.
   voice_->Speak("Welcome to Quillmere Speech Edition. For Help Press F1.", SVSFDefault);
-  if (!jis_.StartFailure().empty()) voice_->Speak(jis_.StartFailure(), SVSFDefault);
+  if (!jis_.StartFailure().empty()) AddStartupNotice(jis_.StartFailure());
+  for (const std::string& notice : startupNotices_) voice_->Speak(notice, SVSFDefault);
+  startupNotices_.clear();
   txtIn->setFocus();
+}
+
+void Form1::AddStartupNotice(std::string text) {
+  startupNotices_.push_back(std::move(text));
 }
 
 void Form1::Form_Unload() {

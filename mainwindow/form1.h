@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ephemeris/ephemeris.h"
 #include "infoserver/info_server.h"
@@ -131,6 +132,8 @@ class Form1 : public QWidget, public Form3Host {
   void EnableTimerIfRealTime();
   // The JIS record from the values and captions as they stand.
   std::string JISRecord();
+  // A sentence the user hears once, right after the welcome: what went wrong at start-up.
+  void AddStartupNotice(std::string text);
 
   Form1Platform platform_;
   ProgramState p_;
@@ -148,6 +151,7 @@ class Form1 : public QWidget, public Form3Host {
   InfoServer jis_{[this] { return JISRecord(); }, [this] { return platform_.clock->LocalNow(); },
                   p_.LastJISSend};
   bool unloaded_ = false;
+  std::vector<std::string> startupNotices_;
 
   QLineEdit* txtIn = nullptr;
   QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr;
