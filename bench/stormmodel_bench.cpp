@@ -1,10 +1,13 @@
-// One day's search (minute tables, events, grid) and a year's report written to a file.
+// One day's search (minute tables, events, grid), a year's report written to a file, and a
+// year's forecast in each of its formats.
 
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "cli/forecast_format.h"
+#include "stormmodel/forecast.h"
 #include "stormmodel/prediction.h"
 #include "textutil/date_time.h"
 
@@ -66,6 +69,37 @@ void BM_YearReport(benchmark::State& state) {
   for (auto _ : state) f.form3.DoReport(f.dir.string());
 }
 BENCHMARK(BM_YearReport)->Unit(benchmark::kMillisecond);
+
+// The search of 365 days and the text of their events: 0 text, 1 CSV, 2 JSON, 3 ICS.
+void BM_YearForecast(benchmark::State& state) {
+  Setup f;
+  ForecastRequest r;
+  r.start = *DateSerial(2006, 1, 1);
+  r.days = 365;
+  r.ObsLat = 30;
+  r.ObsLong = 80;
+  r.limits = {0, 0, 0};
+  for (auto _ : state) {
+    const std::vector<ForecastEvent> events = Forecast(f.storm.Modes, r);
+    std::string out;
+    switch (state.range(0)) {
+      case 0:
+        out = cli::ForecastText(events, r, true);
+        break;
+      case 1:
+        out = cli::ForecastCsv(events, true);
+        break;
+      case 2:
+        out = cli::ForecastJson(events, r, true);
+        break;
+      default:
+        out = cli::ForecastIcs(events, r, r.start);
+        break;
+    }
+    benchmark::DoNotOptimize(out.data());
+  }
+}
+BENCHMARK(BM_YearForecast)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillmere

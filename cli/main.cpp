@@ -147,6 +147,13 @@ const std::vector<Command>& Commands() {
         "--min-duration", "--date-order", "--display-west", "--dir"},
        Report,
        {"--include-ha", "--io-only", "--no-none"}},
+      {"forecast",
+       "every event of a period as text, CSV, JSON or a calendar (ICS)",
+       kForecastUsage,
+       {"--start", "--days", "--lat", "--long", "--modes", "--jup-alt-min", "--sun-alt-max",
+        "--min-duration", "--format"},
+       ForecastCommand,
+       {"--local"}},
   };
   return commands;
 }

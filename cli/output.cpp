@@ -52,7 +52,9 @@ bool IsUtf8(const std::string& text) {
   return true;
 }
 
-// Mode names are 8-bit text; what is not UTF-8 already is read as Latin-1, so the JSON stays valid.
+}  // namespace
+
+// What is not UTF-8 already is read as Latin-1, so JSON and calendars stay valid.
 std::string AsUtf8(const std::string& text) {
   if (IsUtf8(text)) return text;
   std::string out;
@@ -66,8 +68,6 @@ std::string AsUtf8(const std::string& text) {
   }
   return out;
 }
-
-}  // namespace
 
 std::string JsonString(const std::string& raw) {
   const std::string text = AsUtf8(raw);

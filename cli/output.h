@@ -34,5 +34,7 @@ class Record {
 std::string JsonNumber(double value);
 std::string JsonNumber(float value);
 std::string JsonString(const std::string& text);
+// 8-bit text (the mode file's Latin-1 names) as UTF-8; valid UTF-8 stands as it is.
+std::string AsUtf8(const std::string& text);
 
 }  // namespace quillmere::cli

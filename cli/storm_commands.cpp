@@ -15,6 +15,46 @@
 namespace quillmere::cli {
 namespace {
 
+std::string DefaultModeFile() {
+  std::error_code ec;
+  const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+  return ec ? std::string("UFMODES.JMF") : (exe.parent_path() / "UFMODES.JMF").string();
+}
+
+}  // namespace
+
+std::string NumberArgument(const Args& args, const std::string& option, const char* fallback) {
+  const std::string text = args.Optional(option).value_or(fallback);
+  char* end = nullptr;
+  const double v = std::strtod(text.c_str(), &end);
+  if (text.empty() || *end != '\0' || !std::isfinite(v) ||
+      text.find_first_of("xXnN") != std::string::npos)
+    throw UsageError("bad " + option + " '" + text + "': not a number");
+  return text;
+}
+
+double DayArgument(const Args& args, const std::string& option) {
+  const std::string& text = args.Required(option);
+  const double day = ParseInstant(option, text, true);
+  if (SplitDateTime(day)->year < 1900)
+    throw UsageError("bad " + option + " '" + text + "': dates before 1900 are not permitted");
+  return day;
+}
+
+bool LoadModes(const Args& args, ModeTable& modes) {
+  const ModeFileResult loaded =
+      LoadModeFile(args.Optional("--modes").value_or(DefaultModeFile()), modes);
+  for (const auto& m : {loaded.error, loaded.notice}) {
+    if (!m) continue;
+    std::string text = m->text;
+    text.replace(text.find("\r\n"), 2, "\n");
+    std::fprintf(stderr, "%s\n%s\n", m->title.c_str(), text.c_str());
+  }
+  return !loaded.error;
+}
+
+namespace {
+
 // Messages go to standard error; the voice is silent here except for what the caller wants
 // to know of a report: whether saving failed.
 class ToolUi : public StormUi {
@@ -33,31 +73,6 @@ class ToolUi : public StormUi {
   int messages = 0;
   std::string saveError;
 };
-
-std::string DefaultModeFile() {
-  std::error_code ec;
-  const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-  return ec ? std::string("UFMODES.JMF") : (exe.parent_path() / "UFMODES.JMF").string();
-}
-
-// The text of a limit as the window's box would hold it; UsageError if it is no number.
-std::string NumberArgument(const Args& args, const std::string& option, const char* fallback) {
-  const std::string text = args.Optional(option).value_or(fallback);
-  char* end = nullptr;
-  const double v = std::strtod(text.c_str(), &end);
-  if (text.empty() || *end != '\0' || !std::isfinite(v) ||
-      text.find_first_of("xXnN") != std::string::npos)
-    throw UsageError("bad " + option + " '" + text + "': not a number");
-  return text;
-}
-
-double DayArgument(const Args& args, const std::string& option) {
-  const std::string& text = args.Required(option);
-  const double day = ParseInstant(option, text, true);
-  if (SplitDateTime(day)->year < 1900)
-    throw UsageError("bad " + option + " '" + text + "': dates before 1900 are not permitted");
-  return day;
-}
 
 // Everything a prediction needs, with the mode file loaded and the window's load run for `day`.
 struct Session {
@@ -79,15 +94,7 @@ struct Session {
                          NumberArgument(args, "--sun-alt-max", "0"));
     settings.SaveSetting(app, "Settings", "ReportIncludeHA", includeHA ? " 1" : " 0");
 
-    const ModeFileResult loaded =
-        LoadModeFile(args.Optional("--modes").value_or(DefaultModeFile()), storm.Modes);
-    for (const auto& m : {loaded.error, loaded.notice}) {
-      if (!m) continue;
-      std::string text = m->text;
-      text.replace(text.find("\r\n"), 2, "\n");
-      std::fprintf(stderr, "%s\n%s\n", m->title.c_str(), text.c_str());
-    }
-    if (loaded.error) return false;
+    if (!LoadModes(args, storm.Modes)) return false;
     s.T = day;
     form3.Form_Load(false, day);
     return ui.messages == 0;

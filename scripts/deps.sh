@@ -14,6 +14,9 @@ QUILLMERE_PACKAGES=(
 # demand by that test, not by every build.
 QUILLMERE_SOUND_PACKAGES=(speech-dispatcher speech-dispatcher-espeak-ng pulseaudio pulseaudio-utils sox)
 
+# What only the tests need: reading back the forecast's calendar files.
+QUILLMERE_TEST_PACKAGES=(python3-icalendar)
+
 # Installs those of the named packages that are missing; SUDO is the command prefix to use.
 quillmere_install_missing() {
   local missing=()

@@ -5,6 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/deps.sh
 quillmere_install_deps
+SUDO=$([ "$(id -u)" -eq 0 ] || echo sudo) quillmere_install_missing "${QUILLMERE_TEST_PACKAGES[@]}"
 
 echo "== style"
 mapfile -t sources < <(git ls-files '*.cpp' '*.h' 2>/dev/null || find . -path ./build -prune -o \( -name '*.cpp' -o -name '*.h' \) -print)

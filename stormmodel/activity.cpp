@@ -21,12 +21,38 @@ int16_t ModeMark(const std::array<int16_t, 5>& limits, int16_t cml, int16_t io) 
   return mark;
 }
 
+void MarkDay(const ModeTable& modes, const MinuteTables& tables, const SearchLimits& limits,
+             ActivityTable& marks) {
+  const int count = UsableModes(modes);
+  for (int i = 1; i <= kDayMinutes; ++i) {
+    for (int m = 1; m <= count; ++m) {
+      int16_t mark = ModeMark(modes.ModeLimits[m], tables.MinuteCML[i], tables.MinuteIo[i]);
+      const bool A = tables.MinuteJupAlt[i] >= limits.JupAltMin;
+      const bool B = tables.MinuteSunAlt[i] <= limits.SunAltMax;
+      if (mark == 1 && !(A && B)) mark = -1;
+      marks(m, i) = mark;
+    }
+  }
+
+  if (!(limits.MinDuration > 0)) return;
+  for (int m = 1; m <= count; ++m) {
+    int i = 0;
+    do {
+      ++i;
+      if (marks(m, i) == 1) {
+        int j = i;
+        while (j < kDayMinutes && marks(m, j) == 1) ++j;
+        if (j - i < limits.MinDuration)
+          for (int k = i; k < j; ++k) marks(m, k) = 0;
+        i = j;
+      }
+    } while (i < kDayMinutes);
+  }
+}
+
 void MarkDayActivity(const ModeTable& modes, const MinuteTables& tables,
                      ActivityTable& DayActivity) {
-  const int count = UsableModes(modes);
-  for (int i = 1; i <= kDayMinutes; ++i)
-    for (int m = 1; m <= count; ++m)
-      DayActivity(m, i) = ModeMark(modes.ModeLimits[m], tables.MinuteCML[i], tables.MinuteIo[i]);
+  MarkDay(modes, tables, SearchLimits{}, DayActivity);
 }
 
 void ComputeTodayActivity(EphemerisState& s, double presentUT, float ObsLat, float ObsLong,

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -31,7 +32,21 @@ struct ActivityTable {
 // region's edge.
 int16_t ModeMark(const std::array<int16_t, 5>& limits, int16_t cml, int16_t io);
 
-// DayActivity for the usable modes from the minute tables as they stand.
+// What a search leaves out: minutes with Jupiter below JupAltMin or the Sun above SunAltMax
+// (degrees, whole-degree tables compared inclusively), and runs shorter than MinDuration minutes
+// (dropped only when MinDuration > 0).
+struct SearchLimits {
+  float JupAltMin = -std::numeric_limits<float>::infinity();
+  float SunAltMax = std::numeric_limits<float>::infinity();
+  float MinDuration = 0;
+};
+
+// The marks of minutes 1 to 1440 for the usable modes: 1 inside a region, -1 inside but
+// excluded by an altitude limit, 0 outside or in a run too short to keep.
+void MarkDay(const ModeTable& modes, const MinuteTables& tables, const SearchLimits& limits,
+             ActivityTable& marks);
+
+// DayActivity for the usable modes from the minute tables as they stand, with no limits.
 void MarkDayActivity(const ModeTable& modes, const MinuteTables& tables,
                      ActivityTable& DayActivity);
 

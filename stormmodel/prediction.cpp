@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "stormmodel/day_search.h"
 #include "textutil/date_time.h"
 #include "textutil/number_text.h"
 
@@ -86,56 +87,26 @@ void PredictionWindow::DoPredictions() {
 }
 
 void PredictionWindow::ComputeReportEvents() {
-  const int count = UsableModes(storm_.Modes);
-  const MinuteTables& t = storm_.Minutes;
-  ActivityTable& marks = storm_.DayActivity;
-  for (int i = 1; i <= kDayMinutes; ++i) {
-    for (int m = 1; m <= count; ++m) {
-      int16_t mark = ModeMark(storm_.Modes.ModeLimits[m], t.MinuteCML[i], t.MinuteIo[i]);
-      const bool A = t.MinuteJupAlt[i] >= storm_.JupAltMin;
-      const bool B = t.MinuteSunAlt[i] <= storm_.SunAltMax;
-      if (mark == 1 && !(A && B)) mark = -1;
-      marks(m, i) = mark;
-    }
-  }
-
   // Only a report drops the short runs, so the window's own day is never shortened.
-  if (!ReportRunning || !(storm_.ReportMinDuration > 0)) return;
-  for (int m = 1; m <= count; ++m) {
-    int i = 0;
-    do {
-      ++i;
-      if (marks(m, i) == 1) {
-        int j = i;
-        while (j < kDayMinutes && marks(m, j) == 1) ++j;
-        if (j - i < storm_.ReportMinDuration)
-          for (int k = i; k < j; ++k) marks(m, k) = 0;
-        i = j;
-      }
-    } while (i < kDayMinutes);
-  }
+  const float minDuration = ReportRunning ? storm_.ReportMinDuration : 0;
+  MarkDay(storm_.Modes, storm_.Minutes, {storm_.JupAltMin, storm_.SunAltMax, minDuration},
+          storm_.DayActivity);
 }
 
 void PredictionWindow::FillGrid() {
   const int count = UsableModes(storm_.Modes);
-  const ActivityTable& marks = storm_.DayActivity;
   Grid1.cells.assign(count + 1, {});
   Grid1.cells[0] = {"", "Begin", " End", "Begin", " End", "Begin", " End"};
   for (int m = 1; m <= count; ++m) {
     auto& row = Grid1.cells[m];
     row[0] = storm_.Modes.ModeName[m];
     LBLMode[m - 1] = storm_.Modes.ModeName[m];
-    int p = 0;
-    for (int col = 1; col <= 5; col += 2) {
-      while (p < kDayMinutes && marks(m, p) != 1) ++p;
-      if (p >= kDayMinutes) {
-        if (col == 1) row[1] = "NONE";
-        break;
-      }
-      row[col] = MinutesToClock(p - 1);
-      while (p < kDayMinutes && marks(m, p) >= 1) ++p;
-      row[col + 1] = MinutesToClock(p - 1);
-      if (p >= kDayMinutes) break;
+    const std::vector<DayEvent> events = ModeEvents(storm_.DayActivity, m);
+    if (events.empty()) row[1] = "NONE";
+    // The grid has room for three events of a mode.
+    for (size_t e = 0; e < events.size() && e < 3; ++e) {
+      row[1 + 2 * e] = MinutesToClock(events[e].begin);
+      row[2 + 2 * e] = MinutesToClock(events[e].end);
     }
   }
 }
