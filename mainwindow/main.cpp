@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
+#include <QTimer>
 #include <iostream>
 
 #include "folders/folders.h"
@@ -39,6 +40,10 @@ int main(int argc, char** argv) {
   platform.createVoice = [&voice] { return voice.Take(); };
   Form1 form(platform);
   if (!folder.notice.empty()) form.AddStartupNotice(folder.notice);
+  // Said after the answer to the command whose change could not be stored.
+  settings.onSaveFailure = [&form](const std::string& notice) {
+    QTimer::singleShot(0, &form, [&form, notice] { form.SpeakThis(notice); });
+  };
   form.Form_Load();
   form.show();
   return app.exec();
