@@ -63,7 +63,7 @@ std::string IniSettings::GetSetting(const std::string& application, const std::s
                                     const std::string& key, const std::string& fallback) const {
   if (const auto unsaved = unsaved_.find(UnsavedKey(application, section, key));
       unsaved != unsaved_.end())
-    return unsaved->second;
+    return unsaved->second.value;
   auto settings = Open(application);
   settings->beginGroup(StoredGroup(*settings, section));
   const QVariant v = settings->value(QString::fromStdString(key));
@@ -76,15 +76,21 @@ std::string IniSettings::GetSetting(const std::string& application, const std::s
 void IniSettings::SaveSetting(const std::string& application, const std::string& section,
                               const std::string& key, const std::string& value) {
   auto settings = Open(application);
-  settings->beginGroup(StoredGroup(*settings, section));
-  settings->setValue(QString::fromStdString(key), QString::fromStdString(value));
-  settings->endGroup();
+  unsaved_[UnsavedKey(application, section, key)] = {section, value};
+  // Changes the file could not take earlier go with this one.
+  for (const auto& [unsavedKey, change] : unsaved_) {
+    if (std::get<0>(unsavedKey) != application) continue;
+    settings->beginGroup(StoredGroup(*settings, change.section));
+    settings->setValue(QString::fromStdString(std::get<2>(unsavedKey)),
+                       QString::fromStdString(change.value));
+    settings->endGroup();
+  }
   settings->sync();  // stored at the moment of change
   if (settings->status() == QSettings::NoError) {
-    unsaved_.erase(UnsavedKey(application, section, key));
+    std::erase_if(unsaved_,
+                  [&](const auto& entry) { return std::get<0>(entry.first) == application; });
     return;
   }
-  unsaved_[UnsavedKey(application, section, key)] = value;
   if (saveFailureTold_ || !onSaveFailure) return;
   saveFailureTold_ = true;
   onSaveFailure(

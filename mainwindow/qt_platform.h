@@ -44,8 +44,13 @@ class IniSettings : public SettingsStore {
   // The group as it stands in the file, whatever its case; `section` when there is none.
   static QString StoredGroup(QSettings& settings, const std::string& section);
   std::string directory_;
-  // Changes the file could not take: they still count until the program closes.
-  std::map<Key, std::string> unsaved_;
+  // Changes the file could not take: they still count until the program closes, and go with the
+  // next change that can be written.
+  struct Change {
+    std::string section;
+    std::string value;
+  };
+  std::map<Key, Change> unsaved_;
   bool saveFailureTold_ = false;
 };
 

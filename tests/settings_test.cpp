@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "mainwindow/qt_platform.h"
 
@@ -59,12 +60,20 @@ TEST_F(IniSettingsTest, UnwritableFileToldOnceAndChangesLastThisRun) {
   EXPECT_EQ(settings.GetSetting(kApp, "Settings", "Longitude", "0"), " 75.5");
   EXPECT_EQ(settings.GetSetting(kApp, "Startup", "AnnounceDelay", "0"), "0");
 
-  // Once the folder can be made, the next change is stored; the user was told once only.
+  // Once the folder can be made, the next change is stored, and the earlier ones with it; the
+  // user was told once only.
   fs::remove(dir / "blocked");
-  settings.SaveSetting(kApp, "Settings", "Latitude", " 43");
-  EXPECT_EQ(IniSettings(folder).GetSetting(kApp, "Settings", "Latitude", "0"), " 43");
-  EXPECT_EQ(settings.GetSetting(kApp, "Settings", "Longitude", "0"), " 75.5");
+  settings.SaveSetting(kApp, "Startup", "AnnounceDelay", "5");
+  IniSettings next(folder);
+  EXPECT_EQ(next.GetSetting(kApp, "Startup", "AnnounceDelay", "0"), "5");
+  EXPECT_EQ(next.GetSetting(kApp, "Settings", "Latitude", "0"), " 42");
+  EXPECT_EQ(next.GetSetting(kApp, "Settings", "Longitude", "0"), " 75.5");
   EXPECT_EQ(heard.size(), 1u);
+  // Sections keep the case they were written with.
+  std::ifstream file(next.FileName(kApp));
+  const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  EXPECT_NE(text.find("[Settings]"), std::string::npos) << text;
+  EXPECT_EQ(text.find("[settings]"), std::string::npos) << text;
 }
 
 }  // namespace
