@@ -9,16 +9,22 @@
 #include <vector>
 
 #include "cli/output.h"
+#include "folders/folders.h"
 #include "stormmodel/prediction.h"
 #include "textutil/date_time.h"
 
 namespace quillmere::cli {
 namespace {
 
+// As the program finds it: the user's own copy, else the installed one, else the one beside the
+// tool.
 std::string DefaultModeFile() {
   std::error_code ec;
   const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-  return ec ? std::string("UFMODES.JMF") : (exe.parent_path() / "UFMODES.JMF").string();
+  const std::string toolFolder = ec ? std::string(".") : exe.parent_path().string();
+  return FindDataFile(
+      {UserFolder(FolderEnvironment::FromProcess()), {InstalledDataFolder(toolFolder), toolFolder}},
+      "UFMODES.JMF");
 }
 
 }  // namespace
@@ -147,7 +153,8 @@ const char* const kPredictUsage =
     "and Grid1 (its rows of seven cells).\n"
     "\n"
     "  --day D          the UT day, 1900 or later\n"
-    "  --modes FILE     the mode file (default: UFMODES.JMF beside the tool)\n"
+    "  --modes FILE     the mode file (default: UFMODES.JMF in the Quillmere folder, else the\n"
+    "                   installed one)\n"
     "  --jup-alt-min N  exclude minutes when Jupiter stands below N degrees (default 0)\n"
     "  --sun-alt-max N  exclude minutes when the Sun stands above N degrees (default 0)\n";
 

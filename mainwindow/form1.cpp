@@ -208,12 +208,18 @@ void Form1::LoadSettings() {
   const std::string& app = p_.AppTitle;
   const double dformat = RoundHalfEven(Val(st.GetSetting(app, "Settings", "DFormat", "0")));
   p_.DFormat = dformat >= -32768 && dformat <= 32767 ? static_cast<int16_t>(dformat) : 0;
-  p_.ModeFileName =
-      st.GetSetting(app, "Startup", "ModeFileName", platform_.programDirectory + "/UFMODES.JMF");
+  p_.ModeFileName = st.GetSetting(app, "Startup", "ModeFileName", DataFile("UFMODES.JMF"));
   p_.UseGMT = StoredBoolean(st.GetSetting(app, "Startup", "UseGMT", "True"));
   p_.DisplayWest = st.GetSetting(app, "Startup", "DisplayWest", "W");
   const double delay = Val(st.GetSetting(app, "Startup", "AnnounceDelay", "0"));
   p_.AnnounceDelay = std::isfinite(delay) ? delay : 0;
+}
+
+std::string Form1::DataFile(const std::string& name) const {
+  const DataFolders& folders = platform_.dataFolders;
+  if (folders.user.empty() && folders.program.empty())
+    return platform_.programDirectory + "/" + name;
+  return FindDataFile(folders, name);
 }
 
 void Form1::Form_Load() {
@@ -224,7 +230,7 @@ void Form1::Form_Load() {
 
   // 3: the help files. Before the voice exists a missing one can only be noted.
   const auto loadHelp = [this](const char* name, const char* what) {
-    const std::string path = platform_.programDirectory + "/" + name;
+    const std::string path = DataFile(name);
     if (!FileExists(path)) std::fprintf(stderr, "%s help file %s not found.\n", what, path.c_str());
     return LoadHelpLines(path);
   };

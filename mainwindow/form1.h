@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "ephemeris/ephemeris.h"
+#include "folders/folders.h"
 #include "infoserver/info_server.h"
 #include "mainwindow/display.h"
 #include "mainwindow/platform.h"
@@ -36,7 +37,10 @@ struct Form1Platform {
   SettingsStore* settings = nullptr;
   MessageBoxes* messages = nullptr;
   std::function<std::unique_ptr<Voice>()> createVoice;
+  // The working directory, where reports are written.
   std::string programDirectory;
+  // Where the mode file and the help files are looked for; none given: the program's directory.
+  DataFolders dataFolders;
   // Change the working directory to the program's directory (the real program only).
   bool enterProgramDirectory = false;
 };
@@ -48,6 +52,8 @@ class Form1 : public QWidget, public Form3Host {
 
   // Start-up and shut-down.
   void Form_Load();
+  // A sentence the user hears once, right after the welcome: what went wrong at start-up.
+  void AddStartupNotice(std::string text);
   void Form_Unload();
 
   // The tick and the time modes.
@@ -129,12 +135,11 @@ class Form1 : public QWidget, public Form3Host {
   std::string SaveReport();
   std::string TimeModeText() const;
   void LoadSettings();
+  // Where a data file (the mode file, a help file) is read from.
+  std::string DataFile(const std::string& name) const;
   void EnableTimerIfRealTime();
   // The JIS record from the values and captions as they stand.
   std::string JISRecord();
-  // A sentence the user hears once, right after the welcome: what went wrong at start-up.
-  void AddStartupNotice(std::string text);
-
   Form1Platform platform_;
   ProgramState p_;
   EphemerisState s_;

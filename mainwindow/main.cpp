@@ -2,8 +2,11 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QStandardPaths>
+#include <QTimer>
 #include <iostream>
 
+#include "folders/folders.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/qt_platform.h"
 #include "speech/qt_voice.h"
@@ -18,13 +21,29 @@ int main(int argc, char** argv) {
   platform.clock = &clock;
   platform.settings = &settings;
   platform.messages = &messages;
-  platform.programDirectory = QCoreApplication::applicationDirPath().toStdString();
+  // The user's Quillmere folder is the working directory; the data files come from there when
+  // the user put a copy there, else from the installed data folder, else from beside the program.
+  FolderEnvironment folderEnv = FolderEnvironment::FromProcess();
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+  folderEnv.platformDocuments =
+      QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+#endif
+  const PreparedFolder folder = PrepareUserFolder(folderEnv);
+  const std::string programFolder = QCoreApplication::applicationDirPath().toStdString();
+  platform.programDirectory = folder.path;
+  platform.dataFolders = {UserFolder(folderEnv),
+                          {InstalledDataFolder(programFolder), programFolder}};
   platform.enterProgramDirectory = true;
   // The engine takes seconds to start: it starts now and is collected at its step of the start.
   VoiceStarter voice(
       settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", ""), std::cout);
   platform.createVoice = [&voice] { return voice.Take(); };
   Form1 form(platform);
+  if (!folder.notice.empty()) form.AddStartupNotice(folder.notice);
+  // Said after the answer to the command whose change could not be stored.
+  settings.onSaveFailure = [&form](const std::string& notice) {
+    QTimer::singleShot(0, &form, [&form, notice] { form.SpeakThis(notice); });
+  };
   form.Form_Load();
   form.show();
   return app.exec();

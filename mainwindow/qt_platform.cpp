@@ -37,11 +37,19 @@ IniSettings::IniSettings(std::string directory) : directory_(std::move(directory
   }
 }
 
+std::string IniSettings::FileName(const std::string& application) const {
+  return directory_ + "/" + application + ".ini";
+}
+
+IniSettings::Key IniSettings::UnsavedKey(const std::string& application, const std::string& section,
+                                         const std::string& key) {
+  return {application, QString::fromStdString(section).toLower().toStdString(), key};
+}
+
 std::unique_ptr<QSettings> IniSettings::Open(const std::string& application) const {
   QDir().mkpath(QString::fromStdString(directory_));
-  const QString file =
-      QString::fromStdString(directory_) + "/" + QString::fromStdString(application) + ".ini";
-  return std::make_unique<QSettings>(file, QSettings::IniFormat);
+  return std::make_unique<QSettings>(QString::fromStdString(FileName(application)),
+                                     QSettings::IniFormat);
 }
 
 QString IniSettings::StoredGroup(QSettings& settings, const std::string& section) {
@@ -53,6 +61,9 @@ QString IniSettings::StoredGroup(QSettings& settings, const std::string& section
 
 std::string IniSettings::GetSetting(const std::string& application, const std::string& section,
                                     const std::string& key, const std::string& fallback) const {
+  if (const auto unsaved = unsaved_.find(UnsavedKey(application, section, key));
+      unsaved != unsaved_.end())
+    return unsaved->second.value;
   auto settings = Open(application);
   settings->beginGroup(StoredGroup(*settings, section));
   const QVariant v = settings->value(QString::fromStdString(key));
@@ -65,10 +76,27 @@ std::string IniSettings::GetSetting(const std::string& application, const std::s
 void IniSettings::SaveSetting(const std::string& application, const std::string& section,
                               const std::string& key, const std::string& value) {
   auto settings = Open(application);
-  settings->beginGroup(StoredGroup(*settings, section));
-  settings->setValue(QString::fromStdString(key), QString::fromStdString(value));
-  settings->endGroup();
+  unsaved_[UnsavedKey(application, section, key)] = {section, value};
+  // Changes the file could not take earlier go with this one.
+  for (const auto& [unsavedKey, change] : unsaved_) {
+    if (std::get<0>(unsavedKey) != application) continue;
+    settings->beginGroup(StoredGroup(*settings, change.section));
+    settings->setValue(QString::fromStdString(std::get<2>(unsavedKey)),
+                       QString::fromStdString(change.value));
+    settings->endGroup();
+  }
   settings->sync();  // stored at the moment of change
+  if (settings->status() == QSettings::NoError) {
+    std::erase_if(unsaved_,
+                  [&](const auto& entry) { return std::get<0>(entry.first) == application; });
+    return;
+  }
+  if (saveFailureTold_ || !onSaveFailure) return;
+  saveFailureTold_ = true;
+  onSaveFailure(
+      "Settings cannot be saved, so changes last only until the program closes. "
+      "The settings file is " +
+      FileName(application) + ".");
 }
 
 void DialogMessageBoxes::Show(const std::string& title, const std::string& text) {

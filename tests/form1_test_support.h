@@ -60,6 +60,7 @@ class Form1Test : public ::testing::Test {
     platform.settings = &settings;
     platform.messages = &messages;
     platform.programDirectory = (programDirectory.empty() ? dir : programDirectory).string();
+    platform.dataFolders = dataFolders;
     platform.createVoice = [this] {
       auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha", "Beta"}, 2);
       voice = v.get();
@@ -83,6 +84,7 @@ class Form1Test : public ::testing::Test {
   }
 
   std::filesystem::path dir;
+  DataFolders dataFolders;  // none: the data files lie in the program's directory
   FixedClock clock;
   MemorySettings settings;
   RecordedMessages messages;

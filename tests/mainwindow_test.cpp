@@ -267,6 +267,53 @@ TEST_F(MainWindow, F1WalksTheHelp) {
   EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"First help line.", "Second help line."}));
 }
 
+TEST_F(MainWindow, UsersOwnCopiesWinAndAStoredModeFileWinsOverAll) {
+  const auto user = dir / "user", installed = dir / "installed";
+  std::filesystem::create_directories(user);
+  std::filesystem::create_directories(installed);
+  std::ofstream(installed / "UFMODES.JMF") << "Installed,200,270,195,265\r\n";
+  std::ofstream(installed / "SpkHlp.txt") << "Installed help.\n";
+  std::ofstream(installed / "PredictHlp.txt") << "Installed prediction help.\n";
+  std::ofstream(user / "UFMODES.JMF") << "Mine,0,359,0,360\r\n";
+  std::ofstream(user / "PredictHlp.txt") << "My prediction help.\n";
+  dataFolders = {user.string(), {installed.string()}};
+  Start();
+  EXPECT_EQ(form->state().ModeFileName, (user / "UFMODES.JMF").string());
+  EXPECT_EQ(form->modes().ModeName[1], "Mine");
+  voice->calls.clear();
+  QTest::keyClick(form->input(), Qt::Key_F1);
+  EXPECT_EQ(voice->Texts(), std::vector<std::string>{"Installed help."});
+  Type("p");
+  voice->calls.clear();
+  QTest::keyClick(form->input(), Qt::Key_F1);
+  EXPECT_EQ(voice->Texts(), std::vector<std::string>{"My prediction help."});
+  EXPECT_TRUE(messages.shown.empty());
+
+  std::ofstream(dir / "other.JMF") << "Stored,1,2,3,4\r\n";
+  settings.SaveSetting(testing::kApp, "Startup", "ModeFileName", (dir / "other.JMF").string());
+  form.reset();
+  Start();
+  EXPECT_EQ(form->modes().ModeName[1], "Stored");
+}
+
+TEST_F(MainWindow, StartupNoticeFollowsTheWelcome) {
+  Form1Platform platform;
+  platform.clock = &clock;
+  platform.settings = &settings;
+  platform.messages = &messages;
+  platform.programDirectory = dir.string();
+  platform.createVoice = [this] {
+    auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha"}, 1);
+    voice = v.get();
+    return v;
+  };
+  form = std::make_unique<Form1>(platform);
+  form->AddStartupNotice("Reports are written in your home folder.");
+  form->Form_Load();
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{testing::kWelcome,
+                                                      "Reports are written in your home folder."}));
+}
+
 TEST(Display, Captions) {
   EXPECT_EQ(LmstCaption(23.9999f), " LMST: 23:59:59");
   EXPECT_EQ(LmstCaption(0), " LMST: 00:00:00");
