@@ -58,8 +58,8 @@ QPixmap JupiterIcon() {
 
 Form1::Form1(Form1Platform platform, QWidget* parent)
     : QWidget(parent), platform_(std::move(platform)) {
-  setObjectName("Form1");
   SetAccessibleRole(this, QAccessible::Window);  // a frame named by its caption
+  setObjectName("Form1");
   BuildControls();
   timer1_.setObjectName("Timer1");
   connect(&timer1_, &QTimer::timeout, this, [this] { Timer1_Timer(); });

@@ -13,7 +13,8 @@ class QWidget;
 namespace quillmere {
 
 // Gives `widget` a role of its own. Only a class with its own meta-object (Q_OBJECT) is asked
-// for, since Qt answers for the plain widget classes itself.
+// for, since Qt answers for the plain widget classes itself. Call it before anything else is done
+// to the widget: its first accessibility event fixes its interface.
 void SetAccessibleRole(QWidget* widget, QAccessible::Role role);
 
 // Writes the text only when it differs: an unchanged write still reaches the bus as an event.

@@ -77,9 +77,10 @@ PredictionWindow& Form3::core() {
 }
 
 void Form3::BuildControls() {
+  // The role first: the first accessibility event of a widget fixes its interface.
+  SetAccessibleRole(this, QAccessible::Window);
   setObjectName("Form3");
   setWindowTitle("Jupiter Radio Noise Storm Predictions");
-  SetAccessibleRole(this, QAccessible::Window);
   Paint(this, kFormGrey);
 
   auto label = [this](const char* name, const char* caption) {
@@ -162,9 +163,9 @@ void Form3::BuildControls() {
   }
   chart->addLayout(bands, 0, 0);
   Picture1 = new PictureBox(this);
+  SetAccessibleRole(Picture1, QAccessible::Chart);
   Picture1->setObjectName("Picture1");
   Picture1->setAccessibleName("Day chart");
-  SetAccessibleRole(Picture1, QAccessible::Chart);
   Picture1->setFixedSize(kChartWidth, kChartHeight);
   Picture1->setMouseTracking(true);
   Picture1->onMouseMove = [this](QMouseEvent* e) { Picture1_MouseMove(e); };
@@ -186,9 +187,9 @@ void Form3::BuildControls() {
   chart->addLayout(key, 0, 2);
   chart->addWidget(label("Label4", "Sun Visiblity"), 1, 0);
   PicSunAlt = new PictureBox(this);
+  SetAccessibleRole(PicSunAlt, QAccessible::Chart);
   PicSunAlt->setObjectName("PicSunAlt");
   PicSunAlt->setAccessibleName("Sun visibility");
-  SetAccessibleRole(PicSunAlt, QAccessible::Chart);
   PicSunAlt->setFixedSize(kChartWidth, 14);
   chart->addWidget(PicSunAlt, 1, 1);
   chart->addWidget(label("Label3", "Blue background indicates Jupiter is below the horizon."), 2,
