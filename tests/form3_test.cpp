@@ -693,8 +693,13 @@ TEST_F(PredictionWindowTest, TabWalksTheWindowInOrder) {
 TEST_F(PredictionWindowTest, TheGridIsOneStopWithArrowsInside) {
   Load();
   auto* grid = Child<QTableWidget>("Grid1");
-  grid->setFocus();
-  grid->setCurrentCell(1, 1);
+  form->activateWindow();  // focus events come to an active window only
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+  Child("txtSunAltMax")->setFocus();
+  QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form->focusWidget(), grid);
+  EXPECT_EQ(grid->currentRow(), 1);  // the first time of the first mode, not the corner
+  EXPECT_EQ(grid->currentColumn(), 1);
   QTest::keyClick(grid, Qt::Key_Right);
   QTest::keyClick(grid, Qt::Key_Down);
   EXPECT_EQ(grid->currentRow(), 2);

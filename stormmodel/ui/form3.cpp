@@ -405,7 +405,9 @@ void Form3::ShowCore() {
     const QString name = QString::fromStdString(core_.LBLMode[m]);
     if (LBLMode[m]->text() != name) LBLMode[m]->setText(name);
     // A key without a mode still shows its colour; it is named for what it is.
-    LBLMode[m]->setAccessibleName(name.isEmpty() ? QString("Mode %1: none").arg(m + 1) : "");
+    const QString accessibleName = name.isEmpty() ? QString("Mode %1: none").arg(m + 1) : "";
+    if (LBLMode[m]->accessibleName() != accessibleName)
+      LBLMode[m]->setAccessibleName(accessibleName);
   }
   CmdCancelReport->setVisible(core_.CmdCancelReportVisible);
   ShowGrid();
@@ -544,6 +546,12 @@ void Form3::UpdateOtherViews() {
 bool Form3::eventFilter(QObject* watched, QEvent* event) {
   if (watched == Grid1->viewport() && event->type() == QEvent::MouseButtonRelease)
     Grid1_MouseEvent(static_cast<QMouseEvent*>(event));
+  // Coming in by the keyboard, the grid starts at the first time of the first mode rather than
+  // at the empty corner.
+  if (watched == Grid1 && event->type() == QEvent::FocusIn && !Grid1->currentIndex().isValid() &&
+      Grid1->rowCount() > 1 && static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason)
+    Grid1->selectionModel()->setCurrentIndex(Grid1->model()->index(1, 1),
+                                             QItemSelectionModel::NoUpdate);
   // The grid would take a letter as a search among its cells; like every other key that no
   // control here needs, it belongs to the command line.
   if (watched == Grid1 && event->type() == QEvent::KeyPress) {
