@@ -194,6 +194,9 @@ def prediction_window_checks(app, focus):
     check(table.getColumnDescription(1) == "Begin" and table.getColumnDescription(2) == " End",
           "the grid's columns are headed Begin and End")
     check(table.getRowDescription(1) == "Always", "the grid's rows are headed by the modes")
+    header = table.getColumnHeader(1)
+    check(header is not None and header.name == "Begin" and
+          header.getRoleName() == "table column header", "the column header is Begin")
     check(table.getAccessibleAt(0, 1).name == "Begin" and table.getAccessibleAt(1, 0).name ==
           "Always", "the grid's own cells keep their texts")
 
@@ -255,9 +258,12 @@ def prediction_window_checks(app, focus):
 
     while focus.node.name != "Exit":
         focus.after_key("Tab")
+    focus.node = None
     xdotool("key", "space")
     wait_for("the prediction window to leave", lambda: window(app, PREDICT_TITLE) is None, 10)
     check(True, "Space on Exit leaves the prediction window")
+    back = wait_for("the focus back on the main window", lambda: focus.node, 10)
+    check(back.name == "Command line", "the command line has the focus again")
 
 
 def alert_heard(out_path, started):
