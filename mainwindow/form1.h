@@ -44,7 +44,8 @@ struct Form1Platform {
 class Form1 : public QWidget, public Form3Host {
   Q_OBJECT  // a class name of its own, for its accessible role
 
-      public : explicit Form1(Form1Platform platform, QWidget* parent = nullptr);
+ public:
+  explicit Form1(Form1Platform platform, QWidget* parent = nullptr);
   ~Form1() override;
 
   // Start-up and shut-down.

@@ -52,7 +52,8 @@ void DrawSunAltitude(QPainter& p, QSize size, const MinuteTables& t);
 class PictureBox : public QWidget {
   Q_OBJECT  // a class name of its own, for its accessible role
 
-      public : using QWidget::QWidget;
+ public:
+  using QWidget::QWidget;
 
   QImage image;
   std::function<void(QMouseEvent*)> onMouseMove, onMousePress;

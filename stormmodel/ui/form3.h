@@ -59,9 +59,9 @@ struct PrintedText {
 class Form3 : public QWidget, private StormUi {
   Q_OBJECT  // a class name of its own, for its accessible role
 
-      public
-      : Form3(Form3Host& host, EphemerisState& s, StormValues& storm, const ProgramValues& program,
-              SettingsStore& settings, QWidget* parent = nullptr);
+ public:
+  Form3(Form3Host& host, EphemerisState& s, StormValues& storm, const ProgramValues& program,
+        SettingsStore& settings, QWidget* parent = nullptr);
   ~Form3() override;
 
   // The boxes, Grid1, PredictTime, FFF, CancelReport live here.
