@@ -20,8 +20,8 @@ QUILLMERE, WORK = sys.argv[1], sys.argv[2]
 MAIN_TITLE = "Quillmere Speech Edition.  1.0.1"
 PREDICT_TITLE = "Jupiter Radio Noise Storm Predictions"
 ALERT = "Possible Activity:  Always   "
-QUIET_SECONDS = 4
-MAX_EVENTS_PER_SECOND = 6
+QUIET_SECONDS = 5
+MAX_EVENTS_PER_SECOND = 7  # about 4 at rest; a new minute, hour or day adds a few
 
 
 class Failure(Exception):
