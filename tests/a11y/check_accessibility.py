@@ -209,7 +209,7 @@ def prediction_window_checks(app, focus):
     check(sun is not None and sun.description.startswith("Sun "),
           "the Sun bar says the Sun's hours: " + (sun.description if sun else ""))
 
-    # Tab from the first date box round the window.
+    # Tab round the window, from wherever the focus stands, until the first date box comes again.
     focus_window(PREDICT_TITLE)
     day = named(frame, "GMT day", "text")
     walk = []
