@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <cmath>
 
+#include "accessible_test_support.h"
 #include "storm_test_support.h"
 #include "stormmodel/day_in_words.h"
 #include "stormmodel/report_options.h"
@@ -27,6 +28,7 @@
 namespace quillmere {
 namespace {
 
+using testing::Nameless;
 using testing::RecordingUi;
 using testing::ScratchDir;
 
@@ -592,22 +594,6 @@ TEST_F(PredictionWindowTest, PrintedPageCopiesTheGridUnderTheDateOfT) {
   printer.setOutputFileName(QString::fromStdString(dir.Path("page.pdf")));
   form->PrintPage(printer);
   EXPECT_EQ(dir.Read("page.pdf").substr(0, 4), "%PDF");
-}
-
-// The widgets a screen reader finds without a name: every showing one that is no table cell.
-std::vector<std::string> Nameless(QAccessibleInterface* node) {
-  std::vector<std::string> found;
-  for (int i = 0; i < node->childCount(); ++i) {
-    QAccessibleInterface* child = node->child(i);
-    if (!child || !child->object() || child->state().invisible) continue;
-    if (child->text(QAccessible::Name).trimmed().isEmpty())
-      found.push_back(child->object()->objectName().toStdString());
-    if (child->role() != QAccessible::Table) {
-      const auto inner = Nameless(child);
-      found.insert(found.end(), inner.begin(), inner.end());
-    }
-  }
-  return found;
 }
 
 TEST_F(PredictionWindowTest, EveryControlIsNamedAndTheWindowIsAFrame) {

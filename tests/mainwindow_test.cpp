@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QLabel>
 
+#include "accessible_test_support.h"
 #include "form1_test_support.h"
 #include "mainwindow/display.h"
 #include "mainwindow/entry.h"
@@ -324,6 +325,7 @@ TEST_F(MainWindow, ControlsAreNamedForScreenReaders) {
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->role(), QAccessible::Window);
   EXPECT_EQ(window->text(QAccessible::Name), "Quillmere Speech Edition.  1.0.1");
+  EXPECT_EQ(testing::Nameless(window), std::vector<std::string>{});
   for (const char* name : {"Year", "Month", "Day", "Hour", "Minutes", "Seconds"}) {
     const std::string box = std::string("txt") + (name[0] == 'M' && name[1] == 'i' ? 'N' : name[0]);
     QAccessibleInterface* a =
