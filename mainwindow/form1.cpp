@@ -13,6 +13,7 @@
 #include <cstdio>
 
 #include "mainwindow/entry.h"
+#include "stormmodel/ui/accessible.h"
 #include "textutil/date_time.h"
 #include "textutil/latlng.h"
 #include "textutil/number_text.h"
@@ -57,6 +58,7 @@ QPixmap JupiterIcon() {
 
 Form1::Form1(Form1Platform platform, QWidget* parent)
     : QWidget(parent), platform_(std::move(platform)) {
+  SetAccessibleRole(this, QAccessible::Window);  // a frame named by its caption
   setObjectName("Form1");
   BuildControls();
   timer1_.setObjectName("Timer1");
@@ -72,6 +74,7 @@ QLabel* Form1::AddLabel(const char* name, const char* caption, const char* toolT
   // The tool tip becomes the description a screen reader offers; no accessible name is set, so
   // the reader reads the caption, which is the value.
   if (*toolTip) label->setToolTip(toolTip);
+  if (!*caption) WriteValue(label, "");  // hidden until it has something to say
   labels_[name] = label;
   return label;
 }
@@ -82,7 +85,10 @@ QLineEdit* Form1::AddBox(const char* name, const char* toolTip) {
   box->setReadOnly(true);
   box->setFocusPolicy(Qt::NoFocus);
   box->setMaximumWidth(name[3] == 'Y' ? 56 : 36);
-  if (*toolTip) box->setToolTip(toolTip);
+  if (*toolTip) {
+    box->setToolTip(toolTip);
+    box->setAccessibleName(toolTip);
+  }
   box->installEventFilter(this);
   return box;
 }
@@ -112,6 +118,7 @@ void Form1::BuildControls() {
   PicJupIcon->setObjectName("PicJupIcon");
   PicJupIcon->setPixmap(JupiterIcon());
   PicJupIcon->setToolTip("Possible activity");
+  PicJupIcon->setAccessibleName("Jupiter icon");
   PicJupIcon->hide();
 
   QLabel* Label1 = AddLabel("Label1", "Jupiter", "Jupiter Coordinates");
@@ -190,12 +197,14 @@ std::string Form1::Caption(const std::string& objectName) const {
 namespace {
 
 // The exact caption stays on the label for whoever reads it back; the screen shows line ends.
+// Written only when it changes, so that a screen reader hears of changes alone.
 void SetCaption(QLabel* label, const std::string& caption) {
   const QString text = QString::fromStdString(caption);
+  if (label->property("caption").toString() == text && label->property("caption").isValid()) return;
   label->setProperty("caption", text);
   QString shown = text;
   shown.replace("\r\n", "\n");
-  label->setText(shown);
+  WriteValue(label, shown);
 }
 
 }  // namespace
@@ -213,6 +222,7 @@ void Form1::LoadSettings() {
   p_.DisplayWest = st.GetSetting(app, "Startup", "DisplayWest", "W");
   const double delay = Val(st.GetSetting(app, "Startup", "AnnounceDelay", "0"));
   p_.AnnounceDelay = std::isfinite(delay) ? delay : 0;
+  p_.AnnounceActivity = st.GetSetting(app, "Startup", "AnnounceActivity", "0") == "1" ? -1 : 0;
 }
 
 std::string Form1::DataFile(const std::string& name) const {
@@ -351,6 +361,7 @@ void Form1::Timer1_Timer() {
     p_.LastMinute = f->minute;
   }
   VisualAlert();
+  AnnounceActivity();
   ComputeSiderealTime(s_, p_.ObsLong);
   DisplayTimes();
   ComputeInstant(s_, p_.ObsLat);
@@ -373,19 +384,28 @@ void Form1::ComputeTodayActivity() {
                                   storm_.Minutes, storm_.DayActivity, today_);
 }
 
+// The label is cleared and set in one write, so a standing alert is not sent again each second.
 void Form1::VisualAlert() {
-  SetCaption(LBLQ, "");
   int16_t alrt = 0;
   std::string alertstr;
   CheckForActivity(s_.T, storm_.Modes, today_.TodayActivity, alrt, alertstr);
+  activityText_ = alrt ? alertstr : "";
   if (alrt) {
     SetCaption(LBLQ, "Possible Activity:  " + alertstr);
     if (isMinimized()) setWindowTitle(QString::fromStdString(alertstr));
     PicJupIcon->show();
   } else {
+    SetCaption(LBLQ, "");
     PicJupIcon->hide();
     DisplayCaption();
   }
+}
+
+void Form1::AnnounceActivity() {
+  if (activityText_ == announcedText_) return;
+  announcedText_ = activityText_;
+  if (p_.AnnounceActivity && !activityText_.empty())
+    speaker_->SpeakThis("Possible Activity:  " + activityText_);
 }
 
 void Form1::SwitchToFixedTime() {
@@ -422,12 +442,10 @@ void Form1::SwitchToRealTime() {
 
 void Form1::DisplayTimes() {
   const double t = BoxesInstant(p_, s_, platform_.clock->LocalNow());
-  txtY->setText(QString::fromStdString(FormatDateTime(t, "yyyy")));
-  txtM->setText(QString::fromStdString(FormatDateTime(t, "mm")));
-  txtD->setText(QString::fromStdString(FormatDateTime(t, "dd")));
-  txtH->setText(QString::fromStdString(FormatDateTime(t, "hh")));
-  txtN->setText(QString::fromStdString(FormatDateTime(t, "nn")));
-  txtS->setText(QString::fromStdString(FormatDateTime(t, "ss")));
+  const std::pair<QLineEdit*, const char*> boxes[] = {{txtY, "yyyy"}, {txtM, "mm"}, {txtD, "dd"},
+                                                      {txtH, "hh"},   {txtN, "nn"}, {txtS, "ss"}};
+  for (const auto& [box, pattern] : boxes)
+    WriteText(box, QString::fromStdString(FormatDateTime(t, pattern)));
   SetCaption(LBLLMST, LmstCaption(p_.RealTime ? s_.LMST : p_.FixedLMST));
 }
 

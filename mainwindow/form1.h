@@ -46,6 +46,8 @@ struct Form1Platform {
 };
 
 class Form1 : public QWidget, public Form3Host {
+  Q_OBJECT  // a class name of its own, for its accessible role
+
  public:
   explicit Form1(Form1Platform platform, QWidget* parent = nullptr);
   ~Form1() override;
@@ -66,6 +68,9 @@ class Form1 : public QWidget, public Form3Host {
   void FillObLabel();
   void ArrangeDateBoxes();
   void VisualAlert();
+  // Says the alert once each time the set of modes in force changes to a new one, when the
+  // user has asked for it.
+  void AnnounceActivity();
   void ComputeTodayActivity();
 
   // The command line.
@@ -157,6 +162,8 @@ class Form1 : public QWidget, public Form3Host {
                   p_.LastJISSend};
   bool unloaded_ = false;
   std::vector<std::string> startupNotices_;
+  std::string activityText_;   // what CheckForActivity gave at the last VisualAlert
+  std::string announcedText_;  // the set of modes last seen by AnnounceActivity
 
   QLineEdit* txtIn = nullptr;
   QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr;

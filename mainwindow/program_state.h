@@ -30,6 +30,8 @@ struct ProgramState {
   double AnnounceDelay = 0;  // minutes; 0: none
   int16_t AnnounceSun = 0;
   int16_t AnnounceJupiter = 0;
+  // The storm alert said aloud when the modes in force change ([Startup] AnnounceActivity=1).
+  int16_t AnnounceActivity = 0;
 
   // The tick's private marks. Empty compares as 0.
   int LastMinute = 0;

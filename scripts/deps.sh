@@ -17,6 +17,10 @@ QUILLMERE_SOUND_PACKAGES=(speech-dispatcher speech-dispatcher-espeak-ng pulseaud
 # What only the tests need: reading back the forecast's calendar files.
 QUILLMERE_TEST_PACKAGES=(python3-icalendar)
 
+# What the accessibility test needs (accessibility_bus): a private X server, a key typist, the
+# accessibility bus and Python's AT-SPI client. Installed on demand by that test.
+QUILLMERE_A11Y_PACKAGES=(xvfb xauth xdotool at-spi2-core python3-pyatspi dbus-daemon)
+
 # Installs those of the named packages that are missing; SUDO is the command prefix to use.
 quillmere_install_missing() {
   local missing=()
@@ -36,12 +40,21 @@ quillmere_install_deps() {
   SUDO=$sudo quillmere_install_missing "${QUILLMERE_PACKAGES[@]}"
 }
 
-# Fails, rather than asking for a password, without root or password-less sudo.
-quillmere_install_sound_deps() {
+# Installs packages that one test needs. Fails, rather than asking for a password, without root or
+# password-less sudo.
+quillmere_install_optional() {
   local sudo=
   if [ "$(id -u)" -ne 0 ]; then
     sudo -n true 2>/dev/null || return 1
     sudo="sudo -n"
   fi
-  SUDO=$sudo quillmere_install_missing "${QUILLMERE_SOUND_PACKAGES[@]}"
+  SUDO=$sudo quillmere_install_missing "$@"
+}
+
+quillmere_install_sound_deps() {
+  quillmere_install_optional "${QUILLMERE_SOUND_PACKAGES[@]}"
+}
+
+quillmere_install_a11y_deps() {
+  quillmere_install_optional "${QUILLMERE_A11Y_PACKAGES[@]}"
 }

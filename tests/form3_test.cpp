@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -17,7 +18,9 @@
 #include <QTimer>
 #include <cmath>
 
+#include "accessible_test_support.h"
 #include "storm_test_support.h"
+#include "stormmodel/day_in_words.h"
 #include "stormmodel/report_options.h"
 #include "stormmodel/ui/report_options_dialog.h"
 #include "textutil/date_time.h"
@@ -25,6 +28,7 @@
 namespace quillmere {
 namespace {
 
+using testing::Nameless;
 using testing::RecordingUi;
 using testing::ScratchDir;
 
@@ -590,6 +594,124 @@ TEST_F(PredictionWindowTest, PrintedPageCopiesTheGridUnderTheDateOfT) {
   printer.setOutputFileName(QString::fromStdString(dir.Path("page.pdf")));
   form->PrintPage(printer);
   EXPECT_EQ(dir.Read("page.pdf").substr(0, 4), "%PDF");
+}
+
+TEST_F(PredictionWindowTest, EveryControlIsNamedAndTheWindowIsAFrame) {
+  Load();
+  QAccessibleInterface* window = QAccessible::queryAccessibleInterface(form.get());
+  EXPECT_EQ(window->role(), QAccessible::Window);
+  EXPECT_EQ(window->text(QAccessible::Name), "Jupiter Radio Noise Storm Predictions");
+  EXPECT_EQ(Nameless(window), std::vector<std::string>{});
+  // Two modes: the sixth key shows its colour without a mode and says so.
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(Child("LBLMode1"))->text(QAccessible::Name),
+            "Mid");
+  EXPECT_EQ(Child("LBLMode1")->accessibleDescription(), "Its bars on the chart are magenta.");
+  EXPECT_EQ(Child("LBLMode5")->accessibleName(), "Mode 6: none");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(Child("Picture1"))->role(), QAccessible::Chart);
+
+  RecordingUi ui;
+  ReportOptions logic(form->core(), storm, program, settings, ui);
+  formReportOptions dialog(logic, host.presentUT);
+  dialog.show();
+  QAccessibleInterface* options = QAccessible::queryAccessibleInterface(&dialog);
+  EXPECT_EQ(options->role(), QAccessible::Dialog);
+  EXPECT_EQ(Nameless(options), std::vector<std::string>{});
+  EXPECT_EQ(dialog.findChild<QLineEdit*>("txtEMonth")->accessibleName(), "Report Ends, month");
+}
+
+// The grid names its cells by headers a screen reader reads; the cells keep the grid's texts.
+TEST_F(PredictionWindowTest, GridHeadersNameTheCellsForAScreenReader) {
+  Load();
+  auto* grid = Child<QTableWidget>("Grid1");
+  QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(grid)->tableInterface();
+  ASSERT_NE(table, nullptr);
+  const std::vector<std::string> columns = {"Mode", "Begin", " End", "Begin",
+                                            " End", "Begin", " End"};
+  for (int c = 0; c < kGridColumns; ++c)
+    EXPECT_EQ(table->columnDescription(c).toStdString(), columns[c]) << c;
+  EXPECT_EQ(table->rowDescription(1), "Wide");
+  EXPECT_EQ(table->rowDescription(2), "Mid");
+  EXPECT_EQ(table->cellAt(0, 1)->text(QAccessible::Name), "Begin");
+  EXPECT_EQ(ShownGrid(), form->core().Grid1.cells);  // row 0 included
+}
+
+TEST_F(PredictionWindowTest, ChartAndSunBarSayTheDayInWords) {
+  Load();
+  const std::string first = Child("Picture1")->accessibleDescription().toStdString();
+  EXPECT_EQ(first, ChartInWords(form->core().Grid1, storm.Minutes));
+  EXPECT_EQ(first.rfind("Wide from ", 0), 0u) << first;
+  EXPECT_EQ(Child("PicSunAlt")->accessibleDescription().toStdString(), SunInWords(storm.Minutes));
+  Click("CmdNextDay");
+  const std::string next = Child("Picture1")->accessibleDescription().toStdString();
+  EXPECT_EQ(next, ChartInWords(form->core().Grid1, storm.Minutes));
+  EXPECT_NE(next, first);
+}
+
+// Tab walks each control once, the grid included, in the order of the date boxes on the screen.
+TEST_F(PredictionWindowTest, TabWalksTheWindowInOrder) {
+  const struct {
+    int16_t DFormat;
+    std::vector<std::string> boxes;
+  } orders[] = {{0, {"txtYear", "txtMonth", "txtDay"}},
+                {1, {"txtMonth", "txtDay", "txtYear"}},
+                {2, {"txtDay", "txtMonth", "txtYear"}}};
+  for (const auto& order : orders) {
+    program.DFormat = order.DFormat;
+    Load();
+    std::vector<std::string> expected = order.boxes;
+    for (const char* name : {"cmdNow", "CmdPredict", "CmdPrevious", "CmdNextDay", "txtJupAltMin",
+                             "txtSunAltMax", "Grid1", "CmdReport", "CmdPredictPrint", "CmdExit"})
+      expected.push_back(name);
+    expected.push_back(order.boxes[0]);
+    Child(order.boxes[0].c_str())->setFocus();
+    std::vector<std::string> walked = {order.boxes[0]};
+    for (std::size_t i = 1; i < expected.size(); ++i) {
+      QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+      walked.push_back(form->focusWidget()->objectName().toStdString());
+    }
+    EXPECT_EQ(walked, expected) << order.DFormat;
+    QTest::keyClick(form->focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(form->focusWidget(), Child("CmdExit"));
+    EXPECT_EQ(host.focusBacks, 0);  // Tab is no character for the command line
+  }
+}
+
+TEST_F(PredictionWindowTest, TheGridIsOneStopWithArrowsInside) {
+  Load();
+  auto* grid = Child<QTableWidget>("Grid1");
+  form->activateWindow();  // focus events come to an active window only
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+  Child("txtSunAltMax")->setFocus();
+  QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(form->focusWidget(), grid);
+  EXPECT_EQ(grid->currentRow(), 1);  // the first time of the first mode, not the corner
+  EXPECT_EQ(grid->currentColumn(), 1);
+  QTest::keyClick(grid, Qt::Key_Right);
+  QTest::keyClick(grid, Qt::Key_Down);
+  EXPECT_EQ(grid->currentRow(), 2);
+  EXPECT_EQ(grid->currentColumn(), 2);
+  QTest::keyClick(grid, Qt::Key_Tab, Qt::ControlModifier);  // Ctrl+Tab leaves it as well
+  EXPECT_EQ(form->focusWidget(), Child("CmdReport"));
+  // A letter typed in the grid goes to the command line of the main window.
+  grid->setFocus();
+  QTest::keyClick(grid, Qt::Key_J);
+  EXPECT_EQ(host.focusBacks, 1);
+}
+
+TEST_F(PredictionWindowTest, ButtonsWorkFromTheKeyboard) {
+  Load();
+  QTest::keyClick(Child("CmdNextDay"), Qt::Key_Space);
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2006", " 7", " 6"}));
+  QTest::keyClick(Child("CmdPrevious"), Qt::Key_Return);
+  QTest::keyClick(Child("CmdPrevious"), Qt::Key_Enter);
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2006", " 7", " 4"}));
+  QTest::keyClick(Child("cmdNow"), Qt::Key_Space);
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2007", " 1", " 31"}));
+  EXPECT_EQ(host.focusBacks, 0);
+  QTest::keyClick(Child("CmdExit"), Qt::Key_Space);
+  EXPECT_FALSE(form->isVisible());
+  EXPECT_TRUE(form->Unloaded());
+  EXPECT_EQ(host.focusBacks, 1);
 }
 
 }  // namespace

@@ -1,6 +1,10 @@
 // The main window as a user meets it: started with a fixed clock, a recording voice and an empty
 // store, typed at with key events, heard through what the voice was given.
 
+#include <QAccessible>
+#include <QLabel>
+
+#include "accessible_test_support.h"
 #include "form1_test_support.h"
 #include "mainwindow/display.h"
 #include "mainwindow/entry.h"
@@ -312,6 +316,87 @@ TEST_F(MainWindow, StartupNoticeFollowsTheWelcome) {
   form->Form_Load();
   EXPECT_EQ(voice->Texts(), (std::vector<std::string>{testing::kWelcome,
                                                       "Reports are written in your home folder."}));
+}
+
+// The alert heard: each new set of modes in force is said once, through SpeakThis, when the
+// setting asks for it. A third region starts while the second stands, then both end.
+TEST_F(MainWindow, ActivityAlertIsSaidOncePerNewSetOfModes) {
+  std::ofstream(dir / "UFMODES.JMF")
+      << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\nLate,230,300,0,360\r\n";
+  settings.SaveSetting(testing::kApp, "Startup", "AnnounceActivity", "1");
+  Start();  // 12:00 UT: CML 203.74 lies in Non-A
+  EXPECT_EQ(voice->calls,
+            (std::vector<Call>{{testing::kWelcome, 0}, {"Possible Activity:  Non-A   ", 0}}));
+  std::vector<std::string> said;
+  const auto tickMinutes = [&](int minutes) {
+    for (int i = 0; i < minutes; ++i) {
+      voice->calls.clear();
+      Tick(60);
+      for (const Call& c : voice->calls) said.push_back(c.text);
+    }
+  };
+  tickMinutes(180);  // to 15:00, past the end of every region
+  EXPECT_EQ(said, (std::vector<std::string>{"Possible Activity:  Late   Non-A   ",
+                                            "Possible Activity:  Late   "}));
+  // The clock set back: the same set that stood before is new again after a time without one.
+  said.clear();
+  clock.now -= 3.0 / 24;
+  tickMinutes(1);
+  EXPECT_EQ(said, std::vector<std::string>{"Possible Activity:  Non-A   "});
+  // The same set standing second after second is not said again, nor on entering fixed time.
+  voice->calls.clear();
+  for (int i = 0; i < 5; ++i) Tick(1);
+  EXPECT_EQ(voice->calls, std::vector<Call>{});
+  Type("ft");
+  EXPECT_EQ(voice->Texts(),
+            std::vector<std::string>{"Fixed Time Mode.  Current Time 07/05/2006 12:01:05"});
+}
+
+TEST_F(MainWindow, ActivityAlertIsSilentUnlessTurnedOn) {
+  const double noon = clock.now;
+  for (const char* setting : {"", "0", "yes", " 1", "True"}) {
+    if (*setting) settings.SaveSetting(testing::kApp, "Startup", "AnnounceActivity", setting);
+    clock.now = noon;
+    Start();
+    EXPECT_EQ(form->Caption("LBLQ"), "Possible Activity:  Non-A   ") << setting;
+    for (int i = 0; i < 120; ++i) Tick(60);  // Non-A ends meanwhile
+    for (const std::string& text : voice->Texts())
+      EXPECT_EQ(text.find("Possible"), std::string::npos) << "setting '" << setting << "'";
+  }
+}
+
+TEST_F(MainWindow, ControlsAreNamedForScreenReaders) {
+  Form1& f = Start();
+  f.show();
+  QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&f);
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->role(), QAccessible::Window);
+  EXPECT_EQ(window->text(QAccessible::Name), "Quillmere Speech Edition.  1.0.1");
+  EXPECT_EQ(testing::Nameless(window), std::vector<std::string>{});
+  for (const char* name : {"Year", "Month", "Day", "Hour", "Minutes", "Seconds"}) {
+    const std::string box = std::string("txt") + (name[0] == 'M' && name[1] == 'i' ? 'N' : name[0]);
+    QAccessibleInterface* a =
+        QAccessible::queryAccessibleInterface(f.findChild<QLineEdit*>(box.c_str()));
+    ASSERT_NE(a, nullptr) << box;
+    EXPECT_EQ(a->text(QAccessible::Name), name) << box;
+    EXPECT_EQ(a->text(QAccessible::Description), name) << box;
+  }
+  // A value label is read by its caption: no fixed name, the tool tip as its description.
+  for (QLabel* label : f.findChildren<QLabel*>()) {
+    if (label->objectName() == "PicJupIcon") continue;
+    EXPECT_TRUE(label->accessibleName().isEmpty()) << label->objectName().toStdString();
+  }
+  QAccessibleInterface* el =
+      QAccessible::queryAccessibleInterface(f.findChild<QLabel*>("LBLJupAlt"));
+  EXPECT_EQ(el->text(QAccessible::Name), "EL: -69.2");
+  EXPECT_EQ(el->text(QAccessible::Description), "Jupiter Elevation");
+  // The alert label stands hidden while it has nothing to say.
+  auto* alert = f.findChild<QLabel*>("LBLQ");
+  EXPECT_FALSE(alert->isHidden());
+  clock.now += 2.0 / 24;  // past Non-A
+  f.Timer1_Timer();
+  EXPECT_EQ(f.Caption("LBLQ"), "");
+  EXPECT_TRUE(alert->isHidden());
 }
 
 TEST(Display, Captions) {

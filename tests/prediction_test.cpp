@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "storm_test_support.h"
+#include "stormmodel/day_in_words.h"
 #include "stormmodel/report_options.h"
 #include "textutil/date_time.h"
 
@@ -84,6 +85,52 @@ TEST(FillGrid, AnExcludedMinuteSplitsARun) {
   f.storm.DayActivity(1, 15) = -1;
   f.form3.FillGrid();
   EXPECT_EQ(f.Row(1), (Cells{"All", "00:09", "00:14", "00:15", "00:20", "", ""}));
+}
+
+// The chart said in words: runs of the grid, and of the altitude tables at both ends of the day.
+TEST(DayInWords, EventsJupiterAndSun) {
+  PredictionGrid grid;
+  grid.cells = {{"", "Begin", " End", "Begin", " End", "Begin", " End"},
+                {"Io-A", "NONE", "", "", "", "", ""},
+                {"Io-B", "20:27", "21:17", "", "", "", ""},
+                {"Non-A", "00:00", "01:10", "22:00", "23:59", "", ""}};
+  EXPECT_EQ(EventsInWords(grid),
+            "Io-B from 20:27 to 21:17 UT. Non-A from 00:00 to 01:10 and from 22:00 to 23:59 UT.");
+  grid.cells.resize(2);
+  EXPECT_EQ(EventsInWords(grid), "No predicted events.");
+  grid.cells.resize(1);  // no modes loaded: the header row alone
+  EXPECT_EQ(EventsInWords(grid), "No predicted events.");
+
+  // Row i is the clock minute i - 1; a span ends at its first row below the horizon.
+  const struct {
+    std::vector<std::pair<int, int>> up;  // rows at 0 degrees or more
+    const char *jupiter, *sun;
+  } days[] = {
+      {{{298, 1050}},
+       "Jupiter above the horizon from 04:57 to 17:30 UT.",
+       "Sun up from 04:57 to 17:30 UT."},
+      {{{1, 60}, {1201, 1440}},
+       "Jupiter above the horizon from 00:00 to 01:00 and from 20:00 to 24:00 UT.",
+       "Sun up from 00:00 to 01:00 and from 20:00 to 24:00 UT."},
+      {{{1440, 1440}},
+       "Jupiter above the horizon from 23:59 to 24:00 UT.",
+       "Sun up from 23:59 to 24:00 UT."},
+      {{{1, 1440}}, "Jupiter above the horizon all day.", "Sun up all day."},
+      {{}, "Jupiter below the horizon all day.", "Sun down all day."},
+  };
+  for (const auto& d : days) {
+    MinuteTables t;
+    t.MinuteJupAlt.fill(-1);
+    t.MinuteSunAlt.fill(-1);
+    t.MinuteJupAlt[0] = t.MinuteSunAlt[0] = 0;  // row 0 is no minute of the day
+    for (auto [a, b] : d.up)
+      for (int i = a; i <= b; ++i)
+        t.MinuteJupAlt[i] = t.MinuteSunAlt[i] = static_cast<int16_t>(i % 90);
+    EXPECT_EQ(JupiterInWords(t), d.jupiter);
+    EXPECT_EQ(SunInWords(t), d.sun);
+    EXPECT_EQ(ChartInWords(grid, t),
+              std::string("No predicted events. ") + d.jupiter + " " + d.sun);
+  }
 }
 
 TEST(ComputeReportEvents, AltitudeLimitsAreInclusive) {

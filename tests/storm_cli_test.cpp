@@ -153,7 +153,8 @@ TEST(ForecastCommand, IcsIsACalendar) {
     GTEST_SKIP() << "python3-icalendar is not installed: the calendar was not read back";
   const std::string file = dir.File("f.ics", ics.out);
   const std::string check =
-      "/usr/bin/python3 -c 'import icalendar,sys; c=icalendar.Calendar.from_ical(open(sys.argv[1],\"rb\")."
+      "/usr/bin/python3 -c 'import icalendar,sys; "
+      "c=icalendar.Calendar.from_ical(open(sys.argv[1],\"rb\")."
       "read()); e=c.walk(\"VEVENT\"); assert len(e)==2, e; "
       "assert str(e[1][\"SUMMARY\"]).endswith(\"Io storm possible\"); "
       "assert e[0][\"UID\"] != e[1][\"UID\"]' " +

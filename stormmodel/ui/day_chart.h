@@ -50,6 +50,8 @@ void DrawSunAltitude(QPainter& p, QSize size, const MinuteTables& t);
 
 // A picture box: shows an image drawn elsewhere and hands its mouse events on.
 class PictureBox : public QWidget {
+  Q_OBJECT  // a class name of its own, for its accessible role
+
  public:
   using QWidget::QWidget;
 

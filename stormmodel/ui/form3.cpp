@@ -18,7 +18,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "stormmodel/day_in_words.h"
 #include "stormmodel/report_options.h"
+#include "stormmodel/ui/accessible.h"
 #include "stormmodel/ui/day_chart.h"
 #include "stormmodel/ui/report_options_dialog.h"
 #include "textutil/date_time.h"
@@ -39,9 +41,12 @@ void Paint(QWidget* w, const QColor& colour) {
 }
 
 void ShowText(QLineEdit* box, const std::string& text) {
-  const QString t = QString::fromStdString(text);
-  if (box->text() != t) box->setText(t);
+  WriteText(box, QString::fromStdString(text));
 }
+
+// The colours of the chart's key in words, mode 1 first.
+const char* const kModeColourNames[kActivityModes] = {"yellow", "magenta", "red",
+                                                      "cyan",   "green",   "orange"};
 
 // A date-time value in the system's short date and time form.
 QString ShortDateTime(double value) {
@@ -72,6 +77,8 @@ PredictionWindow& Form3::core() {
 }
 
 void Form3::BuildControls() {
+  // The role first: the first accessibility event of a widget fixes its interface.
+  SetAccessibleRole(this, QAccessible::Window);
   setObjectName("Form3");
   setWindowTitle("Jupiter Radio Noise Storm Predictions");
   Paint(this, kFormGrey);
@@ -94,6 +101,7 @@ void Form3::BuildControls() {
   auto button = [this](const char* name, const char* caption, void (Form3::*handler)()) {
     auto* b = new QPushButton(caption, this);
     b->setObjectName(name);
+    b->setAutoDefault(true);  // Enter presses the button that has the focus, as Space does
     connect(b, &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
     return b;
   };
@@ -155,6 +163,7 @@ void Form3::BuildControls() {
   }
   chart->addLayout(bands, 0, 0);
   Picture1 = new PictureBox(this);
+  SetAccessibleRole(Picture1, QAccessible::Chart);
   Picture1->setObjectName("Picture1");
   Picture1->setAccessibleName("Day chart");
   Picture1->setFixedSize(kChartWidth, kChartHeight);
@@ -170,14 +179,17 @@ void Form3::BuildControls() {
     LBLMode[m]->setIndent(6);
     LBLMode[m]->setFixedHeight(kChartHeight / 10);
     Paint(LBLMode[m], kModeColours[m]);
+    LBLMode[m]->setAccessibleDescription(QString("Its bars on the chart are ") +
+                                         kModeColourNames[m] + ".");
     key->addWidget(LBLMode[m]);
   }
   key->addStretch();
   chart->addLayout(key, 0, 2);
   chart->addWidget(label("Label4", "Sun Visiblity"), 1, 0);
   PicSunAlt = new PictureBox(this);
+  SetAccessibleRole(PicSunAlt, QAccessible::Chart);
   PicSunAlt->setObjectName("PicSunAlt");
-  PicSunAlt->setAccessibleName("Sun altitude");
+  PicSunAlt->setAccessibleName("Sun visibility");
   PicSunAlt->setFixedSize(kChartWidth, 14);
   chart->addWidget(PicSunAlt, 1, 1);
   chart->addWidget(label("Label3", "Blue background indicates Jupiter is below the horizon."), 2,
@@ -193,6 +205,7 @@ void Form3::BuildControls() {
   LBLWait = label("LBLWait", "Calculating Please Wait....");
   for (QLabel* l : {LBLTime, LBLJupAlt, LBLJupHA, LBLSunAlt}) {
     l->setMinimumWidth(110);
+    WriteValue(l, "");  // nothing to read until the mouse is over the chart
     readout->addWidget(l);
   }
   readout->addWidget(LBLWait);
@@ -207,6 +220,9 @@ void Form3::BuildControls() {
   Grid1->horizontalHeader()->hide();
   Grid1->verticalHeader()->hide();
   Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // Tab leaves the grid; the arrow keys move inside it.
+  Grid1->setTabKeyNavigation(false);
+  Grid1->installEventFilter(this);
   Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
   Grid1->setColumnWidth(0, 120);
   for (int c = 1; c < kGridColumns; ++c) Grid1->setColumnWidth(c, 70);
@@ -268,8 +284,17 @@ void Form3::ArrangeDateBoxes() {
   LBLDateFormat->setText(order.caption);
   for (QLineEdit* b : order.boxes) dateBoxes_->removeWidget(b);
   for (QLineEdit* b : order.boxes) dateBoxes_->addWidget(b);
-  setTabOrder(order.boxes[0], order.boxes[1]);
-  setTabOrder(order.boxes[1], order.boxes[2]);
+  SetTabOrder();
+}
+
+void Form3::SetTabOrder() {
+  QWidget* boxes[3] = {txtYear, txtMonth, txtDay};
+  if (program_.DFormat == 1) boxes[0] = txtMonth, boxes[1] = txtDay, boxes[2] = txtYear;
+  if (program_.DFormat == 2) boxes[0] = txtDay, boxes[1] = txtMonth, boxes[2] = txtYear;
+  QWidget* const order[] = {boxes[0],    boxes[1],        boxes[2],        cmdNow,       CmdPredict,
+                            CmdPrevious, CmdNextDay,      txtJupAltMin,    txtSunAltMax, Grid1,
+                            CmdReport,   CmdCancelReport, CmdPredictPrint, CmdExit};
+  for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void Form3::Run(const std::function<void()>& handler) {
@@ -348,7 +373,18 @@ void Form3::closeEvent(QCloseEvent* event) {
 }
 
 void Form3::keyPressEvent(QKeyEvent* event) {
-  // A key that no control here wants belongs to the command line of the main window.
+  Form_KeyPress(event);
+}
+
+// A key that no control here wants belongs to the command line of the main window. Tab is no
+// character but the road between the controls; with Ctrl it leaves a control that keeps Tab.
+void Form3::Form_KeyPress(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) {
+    const bool back = event->key() == Qt::Key_Backtab || (event->modifiers() & Qt::ShiftModifier);
+    focusNextPrevChild(!back);
+    event->accept();
+    return;
+  }
   if (event->text().isEmpty()) return QWidget::keyPressEvent(event);
   host_.FocusMainWindow();
   event->accept();
@@ -365,11 +401,31 @@ void Form3::ShowCore() {
   ShowText(txtDay, core_.txtDay);
   ShowText(txtJupAltMin, core_.txtJupAltMin);
   ShowText(txtSunAltMax, core_.txtSunAltMax);
-  for (int m = 0; m < kActivityModes; ++m)
-    LBLMode[m]->setText(QString::fromStdString(core_.LBLMode[m]));
+  for (int m = 0; m < kActivityModes; ++m) {
+    const QString name = QString::fromStdString(core_.LBLMode[m]);
+    if (LBLMode[m]->text() != name) LBLMode[m]->setText(name);
+    // A key without a mode still shows its colour; it is named for what it is.
+    const QString accessibleName = name.isEmpty() ? QString("Mode %1: none").arg(m + 1) : "";
+    if (LBLMode[m]->accessibleName() != accessibleName)
+      LBLMode[m]->setAccessibleName(accessibleName);
+  }
   CmdCancelReport->setVisible(core_.CmdCancelReportVisible);
   ShowGrid();
 }
+
+namespace {
+
+void SetHeader(QTableWidget* grid, Qt::Orientation orientation, int section, const QString& text) {
+  QTableWidgetItem* item = orientation == Qt::Horizontal ? grid->horizontalHeaderItem(section)
+                                                         : grid->verticalHeaderItem(section);
+  if (item && item->text() == text) return;
+  if (orientation == Qt::Horizontal)
+    grid->setHorizontalHeaderItem(section, new QTableWidgetItem(text));
+  else
+    grid->setVerticalHeaderItem(section, new QTableWidgetItem(text));
+}
+
+}  // namespace
 
 void Form3::ShowGrid() {
   const PredictionGrid& grid = core_.Grid1;
@@ -392,17 +448,38 @@ void Form3::ShowGrid() {
       if (item->text() != text) item->setText(text);
     }
   }
+  // The hidden headers are what a screen reader names a cell by: the Begin and End of the
+  // header row over the columns, the mode names beside the rows. The cells stay as they are.
+  for (int c = 0; c < kGridColumns; ++c) {
+    const QString text = c == 0 ? "Mode" : QString::fromStdString(grid.TextMatrix(0, c));
+    SetHeader(Grid1, Qt::Horizontal, c, text);
+  }
+  for (int r = 0; r < grid.Rows(); ++r)
+    SetHeader(Grid1, Qt::Vertical, r, QString::fromStdString(grid.TextMatrix(r, 0)));
 }
 
 void Form3::ClearChart() {
   drawn_.reset();
   Picture1->image = QImage();
   Picture1->update();
+  DescribeChart();
+}
+
+// The chart and the Sun bar in words, made anew with each day drawn.
+void Form3::DescribeChart() {
+  QString chart, sun;
+  if (drawn_) {
+    chart = QString::fromStdString(ChartInWords(core_.Grid1, drawn_->minutes));
+    sun = QString::fromStdString(SunInWords(drawn_->minutes));
+  }
+  if (Picture1->accessibleDescription() != chart) Picture1->setAccessibleDescription(chart);
+  if (PicSunAlt->accessibleDescription() != sun) PicSunAlt->setAccessibleDescription(sun);
 }
 
 void Form3::DayPredicted() {
   drawn_ = std::make_unique<DrawnDay>(DrawnDay{storm_.Minutes, storm_.DayActivity});
   Refresh();
+  DescribeChart();
 }
 
 void Form3::DrawChart() {
@@ -441,11 +518,12 @@ void Form3::Picture1_MouseMove(QMouseEvent* event) {
   const double X = event->position().x() * 86400 / Picture1->width();
   const int k = std::clamp(static_cast<int>(RoundHalfEven(X / 60)), 0, kDayMinutes);
   const MinuteTables& t = storm_.Minutes;
-  LBLTime->setText(QString::fromStdString("GMT: " + FormatDateTime(X / 86400, "hh:nn")));
-  LBLJupAlt->setText(
-      QString::fromStdString("Jup Alt " + Format(t.MinuteJupAlt[k], "00") + " deg."));
-  LBLJupHA->setText(QString::fromStdString("Jup HA " + Format(t.MinuteJupHA[k], "00.0")));
-  LBLSunAlt->setText(QString::fromStdString("Sun Alt " + Format(t.MinuteSunAlt[k], "00") + " deg"));
+  WriteValue(LBLTime, QString::fromStdString("GMT: " + FormatDateTime(X / 86400, "hh:nn")));
+  WriteValue(LBLJupAlt,
+             QString::fromStdString("Jup Alt " + Format(t.MinuteJupAlt[k], "00") + " deg."));
+  WriteValue(LBLJupHA, QString::fromStdString("Jup HA " + Format(t.MinuteJupHA[k], "00.0")));
+  WriteValue(LBLSunAlt,
+             QString::fromStdString("Sun Alt " + Format(t.MinuteSunAlt[k], "00") + " deg"));
 }
 
 void Form3::Picture1_MouseDown(QMouseEvent* event) {
@@ -468,6 +546,23 @@ void Form3::UpdateOtherViews() {
 bool Form3::eventFilter(QObject* watched, QEvent* event) {
   if (watched == Grid1->viewport() && event->type() == QEvent::MouseButtonRelease)
     Grid1_MouseEvent(static_cast<QMouseEvent*>(event));
+  // Coming in by the keyboard, the grid starts at the first time of the first mode rather than
+  // at the empty corner.
+  if (watched == Grid1 && event->type() == QEvent::FocusIn && !Grid1->currentIndex().isValid() &&
+      Grid1->rowCount() > 1 && static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason)
+    Grid1->selectionModel()->setCurrentIndex(Grid1->model()->index(1, 1),
+                                             QItemSelectionModel::NoUpdate);
+  // The grid would take a letter as a search among its cells; like every other key that no
+  // control here needs, it belongs to the command line.
+  if (watched == Grid1 && event->type() == QEvent::KeyPress) {
+    auto* key = static_cast<QKeyEvent*>(event);
+    const QString text = key->text();
+    if (!text.isEmpty() && text[0].isPrint() && text[0] != ' ' &&
+        !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
+      Form_KeyPress(key);
+      return true;
+    }
+  }
   return QWidget::eventFilter(watched, event);
 }
 

@@ -57,6 +57,8 @@ struct PrintedText {
 };
 
 class Form3 : public QWidget, private StormUi {
+  Q_OBJECT  // a class name of its own, for its accessible role
+
  public:
   Form3(Form3Host& host, EphemerisState& s, StormValues& storm, const ProgramValues& program,
         SettingsStore& settings, QWidget* parent = nullptr);
@@ -113,6 +115,12 @@ class Form3 : public QWidget, private StormUi {
 
   void BuildControls();
   void ArrangeDateBoxes();
+  // Tab walks the date boxes, the day buttons, the limit boxes, the grid, then the report, page
+  // and window buttons.
+  void SetTabOrder();
+  // A character key pressed here goes back to the main window's command line.
+  void Form_KeyPress(QKeyEvent* event);
+  void DescribeChart();
   void ClearChart();
   void DrawChart();
   void HourBar(QPainter& p);

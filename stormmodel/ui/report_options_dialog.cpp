@@ -21,9 +21,11 @@ formReportOptions::formReportOptions(ReportOptions& logic, double presentLocal, 
     l->setObjectName(name);
     return l;
   };
-  auto box = [&](const char* name, std::string ReportOptions::*field, const char* toolTip) {
+  auto box = [&](const char* name, std::string ReportOptions::*field, const char* toolTip,
+                 const QString& accessibleName) {
     auto* b = new QLineEdit(this);
     b->setObjectName(name);
+    b->setAccessibleName(accessibleName);
     b->setMaximumWidth(60);
     if (toolTip) b->setToolTip(toolTip);
     connect(b, &QLineEdit::textEdited, this,
@@ -41,6 +43,7 @@ formReportOptions::formReportOptions(ReportOptions& logic, double presentLocal, 
 
   grid->addWidget(label("LBLDateFormat", "YYYY      MM     DD"), 0, 1, 1, 3);
   using Box = std::string ReportOptions::*;
+  const char* const parts[3] = {"year", "month", "day"};
   const struct {
     const char *labelName, *caption, *names[3];
     Box fields[3];
@@ -60,7 +63,7 @@ formReportOptions::formReportOptions(ReportOptions& logic, double presentLocal, 
   for (int row = 1; const auto& d : dates) {
     grid->addWidget(label(d.labelName, d.caption), row, 0);
     for (int k = 0; k < 3; ++k) {
-      *d.boxes[k] = box(d.names[k], d.fields[k], nullptr);
+      *d.boxes[k] = box(d.names[k], d.fields[k], nullptr, QString(d.caption) + ", " + parts[k]);
       grid->addWidget(*d.boxes[k], row, k + 1);
     }
     ++row;
@@ -69,7 +72,8 @@ formReportOptions::formReportOptions(ReportOptions& logic, double presentLocal, 
   auto* minRow = new QHBoxLayout;
   minRow->addWidget(label("Label2", "Report events that are at least"));
   txtMin = box("txtMin", &ReportOptions::txtMin,
-               "Minimum duration for an event before it is included in the report.");
+               "Minimum duration for an event before it is included in the report.",
+               "Report events that are at least, minutes");
   minRow->addWidget(txtMin);
   minRow->addWidget(label("Label3", "mins."));
   minRow->addStretch();
