@@ -1,0 +1,27 @@
+// Which ephemerides this build carries, and their names.
+
+#include "ephemeris/precise.h"
+
+namespace quillmere {
+
+bool PreciseEphemerisBuilt() {
+#ifdef QUILLMERE_PRECISE
+  return true;
+#else
+  return false;
+#endif
+}
+
+bool ParseEphemerisModel(const std::string& word, EphemerisModel& model) {
+  if (word == "classic") {
+    model = EphemerisModel::Classic;
+    return true;
+  }
+  if (word == "precise") {
+    model = EphemerisModel::Precise;
+    return true;
+  }
+  return false;
+}
+
+}  // namespace quillmere
