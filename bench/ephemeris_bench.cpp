@@ -7,8 +7,9 @@ namespace quillmere {
 namespace {
 
 // What a tick costs: sidereal time and every position for a new T.
-void BM_Instant(benchmark::State& state) {
+void BM_InstantOf(benchmark::State& state, EphemerisModel model) {
   EphemerisState s;
+  s.model = model;
   const double start = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
   double t = start;
   for (auto _ : state) {
@@ -19,11 +20,15 @@ void BM_Instant(benchmark::State& state) {
     t += 1.0 / 86400;
   }
 }
+void BM_Instant(benchmark::State& state) {
+  BM_InstantOf(state, EphemerisModel::Classic);
+}
 BENCHMARK(BM_Instant);
 
 // What one prediction day costs in tables.
-void BM_FillMinuteTables(benchmark::State& state) {
+void BM_FillMinuteTablesOf(benchmark::State& state, EphemerisModel model) {
   EphemerisState s;
+  s.model = model;
   MinuteTables tables;
   double day = *DateSerial(2006, 7, 5);
   for (auto _ : state) {
@@ -33,7 +38,16 @@ void BM_FillMinuteTables(benchmark::State& state) {
     day += 1;
   }
 }
+void BM_FillMinuteTables(benchmark::State& state) {
+  BM_FillMinuteTablesOf(state, EphemerisModel::Classic);
+}
 BENCHMARK(BM_FillMinuteTables)->Unit(benchmark::kMicrosecond);
+
+#ifdef QUILLMERE_PRECISE
+BENCHMARK_CAPTURE(BM_InstantOf, precise, EphemerisModel::Precise)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_FillMinuteTablesOf, precise, EphemerisModel::Precise)
+    ->Unit(benchmark::kMicrosecond);
+#endif
 
 }  // namespace
 }  // namespace quillmere
