@@ -43,8 +43,24 @@ struct Sky {
   double io = 0;            // Io's phase, degrees 0 to 360, 0 at superior conjunction
 };
 
+// The Earth: heliocentric place (AU) and velocity (AU/day), barycentric velocity (AU/day),
+// BCRS axes, at `tt`.
+struct Earth {
+  double tt = 0;
+  double p[3] = {0, 0, 0};
+  double v[3] = {0, 0, 0};
+  double vb[3] = {0, 0, 0};
+};
+// From eraEpv00 (accurate to a few km, 1900 to 2100).
+Earth EarthAt(double tt);
+// Carried to `tt` by the Sun's pull (second-order Taylor step); within half a day of `e` the
+// place is good to about 40 km (the Moon's pull, which the step leaves out), 0.05".
+Earth EarthNear(const Earth& e, double tt);
+
 // Every value of Sky; without `satellites`, cml and io stay 0.
 Sky SkyAt(const TimeScales& t, bool satellites);
+// The same with the Earth given.
+Sky SkyAt(const TimeScales& t, const Earth& earth, bool satellites);
 
 // The Earth rotation angle at UT1 (days from J2000.0), radians.
 double EarthRotationAngle(double ut1);

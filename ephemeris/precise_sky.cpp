@@ -229,17 +229,50 @@ double EarthRotationAngle(double ut1) {
   return eraEra00(kUnixToJ2000, ut1);
 }
 
+Earth EarthAt(double tt) {
+  // eraEpv00: a fit to VSOP2000 and the DE405 ephemeris (Bretagnon's series); heliocentric and
+  // barycentric, AU and AU/day, BCRS axes.
+  double pvh[2][3], pvb[2][3];
+  eraEpv00(kUnixToJ2000, tt, pvh, pvb);
+  Earth e;
+  e.tt = tt;
+  for (int k = 0; k < 3; ++k) {
+    e.p[k] = pvh[0][k];
+    e.v[k] = pvh[1][k];
+    e.vb[k] = pvb[1][k];
+  }
+  return e;
+}
+
+Earth EarthNear(const Earth& e, double tt) {
+  // The Sun's pull, k^2 = GM of the Sun in AU^3/day^2 (k the Gaussian constant 0.01720209895).
+  constexpr double kGM = 0.01720209895 * 0.01720209895;
+  const double dt = tt - e.tt;
+  const double r = Norm(e.p);
+  Earth out;
+  out.tt = tt;
+  for (int k = 0; k < 3; ++k) {
+    const double a = -kGM * e.p[k] / (r * r * r);
+    out.p[k] = e.p[k] + e.v[k] * dt + 0.5 * a * dt * dt;
+    out.v[k] = e.v[k] + a * dt;
+    out.vb[k] = e.vb[k] + a * dt;
+  }
+  return out;
+}
+
 Sky SkyAt(const TimeScales& t, bool satellites) {
+  return SkyAt(t, EarthAt(t.tt), satellites);
+}
+
+Sky SkyAt(const TimeScales& t, const Earth& earth, bool satellites) {
   Sky sky;
   sky.t = t;
   const double tt1 = kUnixToJ2000, tt2 = t.tt;
 
-  // The Earth (VSOP2000-based fit, eraEpv00): heliocentric and barycentric, AU and AU/day,
-  // BCRS axes.
-  double pvh[2][3], pvb[2][3];
-  eraEpv00(tt1, tt2, pvh, pvb);
+  double pvh[2][3];
+  for (int k = 0; k < 3; ++k) pvh[0][k] = earth.p[k];
   double velocity[3];
-  for (int k = 0; k < 3; ++k) velocity[k] = pvb[1][k] / ERFA_DC;
+  for (int k = 0; k < 3; ++k) velocity[k] = earth.vb[k] / ERFA_DC;
   const double sunDistance = Norm(pvh[0]);
 
   // Bias, precession and nutation (IAU 2000B) and the apparent sidereal time with it.

@@ -44,6 +44,15 @@ struct Horizontal {
   double azimuth = 0;   // degrees from north through east
 };
 
+// The altitude alone, degrees, as ToHorizon below gives it.
+double Altitude(const Body& b, double latitude, double last) {
+  const double sinAlt = std::clamp(std::sin(latitude) * std::sin(b.dec) +
+                                       std::cos(latitude) * std::cos(b.dec) * std::cos(last - b.ra),
+                                   -1.0, 1.0);
+  const double alt = std::asin(sinAlt);
+  return (alt - std::asin(kEarthRadiusAu / b.distance) * std::cos(alt)) / kDegree;
+}
+
 // Topocentric altitude and azimuth of the body's centre (no refraction) from the local
 // apparent sidereal time (radians). The parallax is that of a spherical Earth: at most 8.8" for
 // the Sun, 2" for Jupiter.
@@ -72,10 +81,14 @@ double HourAngle(double last, double ra) {
 // Straight-line values between the exact skies of a day's nodes.
 class DaySky {
  public:
-  // Nodes at 0h UT of `day0` and every `step` days after it, `count` in all.
-  DaySky(double day0, int count, double step, bool satellites)
-      : day0_(day0), step_(step), nodes_(count) {
-    for (int k = 0; k < count; ++k) nodes_[k] = SkyAt(precise::FromT(day0 + k * step), satellites);
+  // Nodes at 0h UT of `day0` and every `step` days after it, `count` in all, with the Earth
+  // carried from `earth` (within half a day of every node).
+  DaySky(double day0, int count, double step, bool satellites, const precise::Earth& earth)
+      : step_(step), nodes_(count) {
+    for (int k = 0; k < count; ++k) {
+      const TimeScales t = precise::FromT(day0 + k * step);
+      nodes_[k] = SkyAt(t, precise::EarthNear(earth, t.tt), satellites);
+    }
     // Unwrapped, so that each value runs smoothly from node to node.
     for (int k = 1; k < count; ++k) {
       Sky& n = nodes_[k];
@@ -101,22 +114,28 @@ class DaySky {
 
   const Sky& Node(int k) const { return nodes_[k]; }
 
-  // Hours after day0 of the body's centre at the true horizon, rising (`rising`) or setting,
-  // first within [0, 24); kNoRiseSet when there is none.
+  // Hours after day0 at which the body's centre crosses the true horizon, the first rising and
+  // the first setting within [0, 24); kNoRiseSet where there is none. The day is scanned every
+  // half hour (no body of ours crosses twice within one), each crossing then found by regula
+  // falsi (Illinois) to a millionth of a degree.
   template <typename Altitude>
-  static double Crossing(Altitude altitude, bool rising) {
-    constexpr int kSamples = 72;  // every 20 minutes
+  static void Crossings(Altitude altitude, double& rise, double& set) {
+    rise = kNoRiseSet;
+    set = kNoRiseSet;
+    constexpr int kSteps = 48;
     double h0 = 0, a0 = altitude(0.0);
-    for (int k = 1; k <= kSamples; ++k) {
-      const double h1 = 24.0 * k / kSamples;
+    for (int k = 1; k <= kSteps && (rise == kNoRiseSet || set == kNoRiseSet); ++k) {
+      const double h1 = 24.0 * k / kSteps;
       const double a1 = altitude(h1);
-      if (rising ? (a0 < 0 && a1 >= 0) : (a0 >= 0 && a1 < 0)) {
-        // Regula falsi (Illinois) on the bracket.
-        double lo = h0, hi = h1, flo = a0, fhi = a1;
+      const bool up = a0 < 0 && a1 >= 0, down = a0 >= 0 && a1 < 0;
+      double& out = up ? rise : set;
+      if ((up || down) && out == kNoRiseSet) {
+        double lo = h0, hi = h1, flo = a0, fhi = a1, m = h0;
         int side = 0;
-        for (int it = 0; it < 40 && hi - lo > 1e-6; ++it) {
-          const double m = (lo * fhi - hi * flo) / (fhi - flo);
+        for (int it = 0; it < 60; ++it) {
+          m = (lo * fhi - hi * flo) / (fhi - flo);
           const double fm = altitude(m);
+          if (std::fabs(fm) < 1e-6) break;
           if ((fm >= 0) == (fhi >= 0)) {
             hi = m;
             fhi = fm;
@@ -129,13 +148,11 @@ class DaySky {
             side = -1;
           }
         }
-        const double h = (lo + hi) / 2;
-        return h < 24 ? h : kNoRiseSet;
+        out = m < 24 ? m : kNoRiseSet;
       }
       h0 = h1;
       a0 = a1;
     }
-    return kNoRiseSet;
   }
 
   // The exact UT of `hours` after day0 and the node values on a straight line there.
@@ -176,13 +193,11 @@ class DaySky {
       return [this, latitude, westRadians, jupiter](double hours) {
         const At at = Interpolate(hours, false);
         const double last = precise::EarthRotationAngle(at.ut1) + at.gastMinusEra - westRadians;
-        return ToHorizon(jupiter ? at.jup : at.sun, latitude, last).altitude;
+        return Altitude(jupiter ? at.jup : at.sun, latitude, last);
       };
     };
-    s.JupRise = Crossing(altitudeOf(true), true);
-    s.JupSet = Crossing(altitudeOf(true), false);
-    s.SunRise = Crossing(altitudeOf(false), true);
-    s.SunSet = Crossing(altitudeOf(false), false);
+    Crossings(altitudeOf(true), s.JupRise, s.JupSet);
+    Crossings(altitudeOf(false), s.SunRise, s.SunSet);
   }
 
  private:
@@ -191,11 +206,23 @@ class DaySky {
   static constexpr double kCmlRate = 870.536;
   static constexpr double kIoRate = 203.4058646;
 
-  double day0_;
   double step_;
   std::vector<Sky> nodes_;
   std::vector<double> cmlOffset_, ioOffset_;
 };
+
+// The Earth of a UT day: exact at its noon, carried from there to any instant of the day. A
+// pure function of the day; the last one is kept, since ticks and tables ask for the same day
+// again and again.
+const precise::Earth& DayEarth(double day0) {
+  thread_local double keptDay = -1e300;
+  thread_local precise::Earth kept;
+  if (day0 != keptDay) {
+    kept = precise::EarthAt(precise::FromT(day0 + 0.5).tt);
+    keptDay = day0;
+  }
+  return kept;
+}
 
 void SetPlaces(EphemerisState& s, const Body& sun, const Body& jup) {
   s.SunRA = sun.ra * 12 / kPi;
@@ -239,7 +266,9 @@ void PreciseSiderealTime(EphemerisState& s, float ObsLong) {
 }
 
 void PreciseInstant(EphemerisState& s, float ObsLat) {
-  const Sky sky = SkyAt(precise::FromT(s.T), true);
+  const TimeScales t = precise::FromT(s.T);
+  const precise::Earth& earth = DayEarth(Int(s.T));
+  const Sky sky = SkyAt(t, precise::EarthNear(earth, t.tt), true);
   const Body sun{sky.sunRA, sky.sunDec, sky.sunDistance};
   const Body jup{sky.jupRA, sky.jupDec, sky.jupDistance};
   SetPlaces(s, sun, jup);
@@ -251,7 +280,7 @@ void PreciseInstant(EphemerisState& s, float ObsLat) {
   SetHorizon(s, ToHorizon(sun, latitude, last), ToHorizon(jup, latitude, last));
   // The day's places at its two ends; a straight line between them is good to a second of
   // time in rise and set.
-  DaySky(Int(s.T), 2, 1.0, false).RiseSet(latitude, west, s);
+  DaySky(Int(s.T), 2, 1.0, false, earth).RiseSet(latitude, west, s);
 }
 
 void PreciseMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,
@@ -264,7 +293,7 @@ void PreciseMinuteTables(EphemerisState& s, MinuteTables& tables, double day, fl
 
   // Exact skies every hour; in between, straight lines for the slow parts and the exact
   // rotation of the Earth.
-  const DaySky sky(day0, 25, 1.0 / 24, true);
+  const DaySky sky(day0, 25, 1.0 / 24, true, DayEarth(day0));
   const Sky& first = sky.Node(0);
   SetPlaces(s, {first.sunRA, first.sunDec, first.sunDistance},
             {first.jupRA, first.jupDec, first.jupDistance});

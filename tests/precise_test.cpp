@@ -229,6 +229,25 @@ TEST(PreciseEphemeris, MinuteTablesAgreeWithTheInstant) {
   EXPECT_GT(compared, 2400);
 }
 
+// A day's instants take the Earth exact at the day's noon, carried by the Sun's pull: half a
+// day away the Sun's and Jupiter's places stay within 0.1" of those from the Earth computed
+// there.
+TEST(PreciseEphemeris, EarthCarriedHalfADayStaysWithinATenthOfAnArcsecond) {
+  const double arcsecond = kDeg / 3600;
+  for (double jd : {2415385.5, 2451545.5, 2453921.5, 2460500.5, 2488000.5}) {
+    const precise::Earth noon = precise::EarthAt(precise::FromT(TOfJD(jd) + 0.5).tt);
+    for (double hours : {0.0, 5.0, 17.5, 23.99}) {
+      const precise::TimeScales t = precise::FromT(TOfJD(jd) + hours / 24);
+      const precise::Sky exact = precise::SkyAt(t, false);
+      const precise::Sky carried = precise::SkyAt(t, precise::EarthNear(noon, t.tt), false);
+      EXPECT_NEAR(carried.sunRA, exact.sunRA, 0.1 * arcsecond) << jd << " " << hours;
+      EXPECT_NEAR(carried.sunDec, exact.sunDec, 0.1 * arcsecond) << jd << " " << hours;
+      EXPECT_NEAR(carried.jupRA, exact.jupRA, 0.1 * arcsecond) << jd << " " << hours;
+      EXPECT_NEAR(carried.jupDec, exact.jupDec, 0.1 * arcsecond) << jd << " " << hours;
+    }
+  }
+}
+
 TEST(PreciseEphemeris, ModelNames) {
   EphemerisModel m = EphemerisModel::Precise;
   EXPECT_TRUE(ParseEphemerisModel("classic", m));
