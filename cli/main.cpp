@@ -135,8 +135,9 @@ const std::vector<Command>& Commands() {
        "the five minute tables of one day",
        "usage: quillmere-cli minutes --day YYYY-MM-DD --lat L --long L [--json]\n"
        "\n"
-       "Fills the minute tables of the day (rows 0 to 1440, from 00:10:00 UT) and prints\n"
-       "MinuteCML, MinuteIo, MinuteSunAlt, MinuteJupAlt and MinuteJupHA.\n"
+       "Fills the minute tables of the day (rows 0 to 1440, from 00:10:00 UT, or from\n"
+       "00:00:00 with --ephemeris precise) and prints MinuteCML, MinuteIo, MinuteSunAlt,\n"
+       "MinuteJupAlt and MinuteJupHA.\n"
        "\n"
        "  --day D     the UT day; a time of day, if given, is ignored\n",
        {"--day", "--lat", "--long"},

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <vector>
 
+#include "ephemeris/checked.h"
 #include "ephemeris/precise.h"
 #include "textutil/number_text.h"
 
@@ -310,11 +311,12 @@ void PreciseMinuteTables(EphemerisState& s, MinuteTables& tables, double day, fl
     const double last = precise::EarthRotationAngle(at.ut1) + at.gastMinusEra - west;
     jup = ToHorizon(at.jup, latitude, last);
     sun = ToHorizon(at.sun, latitude, last);
-    tables.MinuteJupHA[i] = static_cast<float>(HourAngle(last, at.jup.ra));
-    tables.MinuteJupAlt[i] = static_cast<int16_t>(std::floor(jup.altitude));
-    tables.MinuteSunAlt[i] = static_cast<int16_t>(std::floor(sun.altitude));
-    tables.MinuteCML[i] = static_cast<int16_t>(std::floor(at.cml));
-    tables.MinuteIo[i] = static_cast<int16_t>(std::floor(at.io));
+    // Stores that cannot fail on good input; checked all the same, as every table store is.
+    checked::Store(tables.MinuteJupHA[i], HourAngle(last, at.jup.ra));
+    checked::Store(tables.MinuteJupAlt[i], std::floor(jup.altitude));
+    checked::Store(tables.MinuteSunAlt[i], std::floor(sun.altitude));
+    checked::Store(tables.MinuteCML[i], std::floor(at.cml));
+    checked::Store(tables.MinuteIo[i], std::floor(at.io));
   }
   SetHorizon(s, sun, jup);
   s.LMST = keptLMST;
