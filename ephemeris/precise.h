@@ -15,6 +15,10 @@ bool PreciseEphemerisBuilt();
 // "classic" or "precise" as a model; nothing for any other word.
 bool ParseEphemerisModel(const std::string& word, EphemerisModel& model);
 
+// The model a stored setting names: precise for "precise" where this build carries it, classic
+// for anything else.
+EphemerisModel EphemerisModelSetting(const std::string& stored);
+
 void PreciseSiderealTime(EphemerisState& s, float ObsLong);
 void PreciseInstant(EphemerisState& s, float ObsLat);
 void PreciseMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,

@@ -24,4 +24,11 @@ bool ParseEphemerisModel(const std::string& word, EphemerisModel& model) {
   return false;
 }
 
+EphemerisModel EphemerisModelSetting(const std::string& stored) {
+  EphemerisModel model = EphemerisModel::Classic;
+  if (!ParseEphemerisModel(stored, model) || !PreciseEphemerisBuilt())
+    return EphemerisModel::Classic;
+  return model;
+}
+
 }  // namespace quillmere

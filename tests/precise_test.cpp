@@ -257,6 +257,9 @@ TEST(PreciseEphemeris, ModelNames) {
   for (const char* bad : {"", "Precise", "PRECISE", "precise ", "exact"})
     EXPECT_FALSE(ParseEphemerisModel(bad, m)) << bad;
   EXPECT_TRUE(PreciseEphemerisBuilt());
+  EXPECT_EQ(EphemerisModelSetting("precise"), EphemerisModel::Precise);
+  for (const char* other : {"classic", "", "Precise", " precise", "1"})
+    EXPECT_EQ(EphemerisModelSetting(other), EphemerisModel::Classic) << other;
 }
 
 }  // namespace
