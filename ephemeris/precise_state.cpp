@@ -45,13 +45,12 @@ struct Horizontal {
   double azimuth = 0;   // degrees from north through east
 };
 
-// The altitude alone, degrees, as ToHorizon below gives it.
-double Altitude(const Body& b, double latitude, double last) {
-  const double sinAlt = std::clamp(std::sin(latitude) * std::sin(b.dec) +
-                                       std::cos(latitude) * std::cos(b.dec) * std::cos(last - b.ra),
-                                   -1.0, 1.0);
-  const double alt = std::asin(sinAlt);
-  return (alt - std::asin(kEarthRadiusAu / b.distance) * std::cos(alt)) / kDegree;
+// What rise and set look for: the sine of the geocentric altitude less the sine of the
+// horizontal parallax, which is 0 where the topocentric altitude below is 0 (to the square of
+// the parallax, 4e-10 rad) and has its sign elsewhere.
+double AboveHorizon(const Body& b, double sinPhi, double cosPhi, double last) {
+  return sinPhi * std::sin(b.dec) + cosPhi * std::cos(b.dec) * std::cos(last - b.ra) -
+         kEarthRadiusAu / b.distance;
 }
 
 // Topocentric altitude and azimuth of the body's centre (no refraction) from the local
@@ -118,7 +117,7 @@ class DaySky {
   // Hours after day0 at which the body's centre crosses the true horizon, the first rising and
   // the first setting within [0, 24); kNoRiseSet where there is none. The day is scanned every
   // half hour (no body of ours crosses twice within one), each crossing then found by regula
-  // falsi (Illinois) to a millionth of a degree.
+  // falsi (Illinois) to 1e-8 in the sine of the altitude (0.002").
   template <typename Altitude>
   static void Crossings(Altitude altitude, double& rise, double& set) {
     rise = kNoRiseSet;
@@ -136,7 +135,7 @@ class DaySky {
         for (int it = 0; it < 60; ++it) {
           m = (lo * fhi - hi * flo) / (fhi - flo);
           const double fm = altitude(m);
-          if (std::fabs(fm) < 1e-6) break;
+          if (std::fabs(fm) < 1e-8) break;
           if ((fm >= 0) == (fhi >= 0)) {
             hi = m;
             fhi = fm;
@@ -190,11 +189,12 @@ class DaySky {
 
   // Rise and set of both bodies within the UT day of day0, hours.
   void RiseSet(double latitude, double westRadians, EphemerisState& s) const {
+    const double sinPhi = std::sin(latitude), cosPhi = std::cos(latitude);
     auto altitudeOf = [&](bool jupiter) {
-      return [this, latitude, westRadians, jupiter](double hours) {
+      return [this, sinPhi, cosPhi, westRadians, jupiter](double hours) {
         const At at = Interpolate(hours, false);
         const double last = precise::EarthRotationAngle(at.ut1) + at.gastMinusEra - westRadians;
-        return Altitude(jupiter ? at.jup : at.sun, latitude, last);
+        return AboveHorizon(jupiter ? at.jup : at.sun, sinPhi, cosPhi, last);
       };
     };
     Crossings(altitudeOf(true), s.JupRise, s.JupSet);
