@@ -6,8 +6,9 @@
 namespace quillmere {
 namespace {
 
-// What a tick costs: sidereal time and every position for a new T.
-void BM_InstantOf(benchmark::State& state, EphemerisModel model) {
+// What a tick costs: sidereal time and every position for a new T, `step` days after the last
+// (a second for the clock's ticks; a day makes every instant the first of its day).
+void BM_InstantOf(benchmark::State& state, EphemerisModel model, double step = 1.0 / 86400) {
   EphemerisState s;
   s.model = model;
   const double start = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
@@ -17,7 +18,7 @@ void BM_InstantOf(benchmark::State& state, EphemerisModel model) {
     ComputeSiderealTime(s, 80);
     ComputeInstant(s, 30);
     benchmark::DoNotOptimize(s);
-    t += 1.0 / 86400;
+    t += step;
   }
 }
 void BM_Instant(benchmark::State& state) {
@@ -45,6 +46,8 @@ BENCHMARK(BM_FillMinuteTables)->Unit(benchmark::kMicrosecond);
 
 #ifdef QUILLMERE_PRECISE
 BENCHMARK_CAPTURE(BM_InstantOf, precise, EphemerisModel::Precise)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(BM_InstantOf, precise_new_day, EphemerisModel::Precise, 1.0)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(BM_FillMinuteTablesOf, precise, EphemerisModel::Precise)
     ->Unit(benchmark::kMicrosecond);
 #endif
