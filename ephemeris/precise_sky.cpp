@@ -230,8 +230,8 @@ double EarthRotationAngle(double ut1) {
 }
 
 Earth EarthAt(double tt) {
-  // eraEpv00: a fit to VSOP2000 and the DE405 ephemeris (Bretagnon's series); heliocentric and
-  // barycentric, AU and AU/day, BCRS axes.
+  // eraEpv00: Bretagnon's series fitted to the JPL DE405 ephemeris, good to a few km in 1900
+  // to 2100; heliocentric and barycentric, AU and AU/day, BCRS axes, tt as TDB.
   double pvh[2][3], pvb[2][3];
   eraEpv00(kUnixToJ2000, tt, pvh, pvb);
   Earth e;
