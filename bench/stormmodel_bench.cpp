@@ -49,8 +49,9 @@ struct Setup {
   PredictionWindow form3{s, storm, program, settings, ui};
 };
 
-void BM_DaySearch(benchmark::State& state) {
+void BM_DaySearchOf(benchmark::State& state, EphemerisModel model) {
   Setup f;
+  f.s.model = model;
   const double first = *DateSerial(2006, 7, 5);
   int n = 0;
   for (auto _ : state) {
@@ -59,16 +60,28 @@ void BM_DaySearch(benchmark::State& state) {
     benchmark::DoNotOptimize(f.form3.Grid1.cells.data());
   }
 }
+void BM_DaySearch(benchmark::State& state) {
+  BM_DaySearchOf(state, EphemerisModel::Classic);
+}
 BENCHMARK(BM_DaySearch)->Unit(benchmark::kMillisecond);
 
-void BM_YearReport(benchmark::State& state) {
+void BM_YearReportOf(benchmark::State& state, EphemerisModel model) {
   Setup f;
+  f.s.model = model;
   f.storm.ReportStart = *DateSerial(2006, 1, 1);
   f.storm.ReportEnd = f.storm.ReportStart + 364;
   f.storm.ReportIncludeHA = -1;
   for (auto _ : state) f.form3.DoReport(f.dir.string());
 }
+void BM_YearReport(benchmark::State& state) {
+  BM_YearReportOf(state, EphemerisModel::Classic);
+}
 BENCHMARK(BM_YearReport)->Unit(benchmark::kMillisecond);
+
+#ifdef QUILLMERE_PRECISE
+BENCHMARK_CAPTURE(BM_DaySearchOf, precise, EphemerisModel::Precise)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_YearReportOf, precise, EphemerisModel::Precise)->Unit(benchmark::kMillisecond);
+#endif
 
 // The search of 365 days and the text of their events: 0 text, 1 CSV, 2 JSON, 3 ICS.
 void BM_YearForecast(benchmark::State& state) {

@@ -55,6 +55,7 @@ int ForecastCommand(const Args& args) {
   r.limits.SunAltMax = SingleOf(Val(NumberArgument(args, "--sun-alt-max", "0")));
   r.limits.MinDuration = SingleOf(Val(NumberArgument(args, "--min-duration", "0")));
 
+  r.model = EphemerisArgument(args);
   ModeTable modes;
   if (!LoadModes(args, modes)) return 1;
   const std::vector<ForecastEvent> events = Forecast(modes, r);

@@ -11,6 +11,7 @@
 #include "cli/output.h"
 #include "cli/storm_commands.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/ephemeris_state.h"
 #include "textutil/date_time.h"
 
 namespace quillmere::cli {
@@ -32,6 +33,7 @@ void Print(const Record& record, bool json) {
 
 int Instant(const Args& args) {
   EphemerisState s;
+  s.model = EphemerisArgument(args);
   s.T = ParseInstant("--time", args.Required("--time"), false);
   const Observer obs = ReadObserver(args);
   ComputeSiderealTime(s, obs.ObsLong);
@@ -72,6 +74,7 @@ int Minutes(const Args& args) {
   const double day = ParseInstant("--day", args.Required("--day"), true);
   const Observer obs = ReadObserver(args);
   EphemerisState s;
+  s.model = EphemerisArgument(args);
   s.T = day;
   SaveT(s);
   MinuteTables t;
@@ -87,9 +90,10 @@ int Minutes(const Args& args) {
     Print(r, true);
     return 0;
   }
-  std::printf("%s, rows from 00:10:00 UT\n%5s %5s %5s %6s %6s %9s\n",
-              FormatDateTime(day, "yyyy-mm-dd").c_str(), "Row", "CML", "Io", "SunAlt", "JupAlt",
-              "JupHA");
+  std::printf(
+      s.model == EphemerisModel::Precise ? "%s, rows from 00:00:00 UT\n%5s %5s %5s %6s %6s %9s\n"
+                                         : "%s, rows from 00:10:00 UT\n%5s %5s %5s %6s %6s %9s\n",
+      FormatDateTime(day, "yyyy-mm-dd").c_str(), "Row", "CML", "Io", "SunAlt", "JupAlt", "JupHA");
   for (int i = 0; i < kMinuteRows; ++i)
     std::printf("%5d %5d %5d %6d %6d %9.4f\n", i, t.MinuteCML[i], t.MinuteIo[i], t.MinuteSunAlt[i],
                 t.MinuteJupAlt[i], static_cast<double>(t.MinuteJupHA[i]));
@@ -111,7 +115,9 @@ const char* const kObserverHelp =
     "  --long L    observer longitude in degrees, WEST positive (80 is 80 degrees west);\n"
     "              decimal, or degrees:minutes[:seconds] where a leading '-' means east\n"
     "              (-75:30 is stored as 284.5)\n"
-    "  --json      one JSON object; numbers print their exact binary value\n";
+    "  --json      one JSON object; numbers print their exact binary value\n"
+    "  --ephemeris E  classic (the default: the program's own orbit model) or precise\n"
+    "              (apparent places from liberfa, IAU 2015 System III, Io by Meeus ch. 44)\n";
 
 const std::vector<Command>& Commands() {
   static const std::vector<Command> commands = {
@@ -129,8 +135,9 @@ const std::vector<Command>& Commands() {
        "the five minute tables of one day",
        "usage: quillmere-cli minutes --day YYYY-MM-DD --lat L --long L [--json]\n"
        "\n"
-       "Fills the minute tables of the day (rows 0 to 1440, from 00:10:00 UT) and prints\n"
-       "MinuteCML, MinuteIo, MinuteSunAlt, MinuteJupAlt and MinuteJupHA.\n"
+       "Fills the minute tables of the day (rows 0 to 1440, from 00:10:00 UT, or from\n"
+       "00:00:00 with --ephemeris precise) and prints MinuteCML, MinuteIo, MinuteSunAlt,\n"
+       "MinuteJupAlt and MinuteJupHA.\n"
        "\n"
        "  --day D     the UT day; a time of day, if given, is ignored\n",
        {"--day", "--lat", "--long"},
@@ -186,7 +193,9 @@ int Main(const std::vector<std::string>& words) {
     }
     std::set<std::string> flags = c.flags;
     flags.insert("--json");
-    return c.run(Args(rest, c.options, flags));
+    std::set<std::string> options = c.options;
+    options.insert("--ephemeris");
+    return c.run(Args(rest, options, flags));
   }
   throw UsageError("unknown command '" + words[0] + "' (try --help)");
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/output.h"
+#include "ephemeris/precise.h"
 #include "folders/folders.h"
 #include "stormmodel/prediction.h"
 #include "textutil/date_time.h"
@@ -45,6 +46,16 @@ double DayArgument(const Args& args, const std::string& option) {
   if (SplitDateTime(day)->year < 1900)
     throw UsageError("bad " + option + " '" + text + "': dates before 1900 are not permitted");
   return day;
+}
+
+EphemerisModel EphemerisArgument(const Args& args) {
+  const std::string word = args.Optional("--ephemeris").value_or("classic");
+  EphemerisModel model = EphemerisModel::Classic;
+  if (!ParseEphemerisModel(word, model))
+    throw UsageError("bad --ephemeris '" + word + "': expected classic or precise");
+  if (model == EphemerisModel::Precise && !PreciseEphemerisBuilt())
+    throw UsageError("bad --ephemeris 'precise': the precise ephemeris is not in this build");
+  return model;
 }
 
 bool LoadModes(const Args& args, ModeTable& modes) {
@@ -100,6 +111,7 @@ struct Session {
                          NumberArgument(args, "--sun-alt-max", "0"));
     settings.SaveSetting(app, "Settings", "ReportIncludeHA", includeHA ? " 1" : " 0");
 
+    s.model = EphemerisArgument(args);
     if (!LoadModes(args, storm.Modes)) return false;
     s.T = day;
     form3.Form_Load(false, day);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/args.h"
+#include "ephemeris/ephemeris_state.h"
 #include "stormmodel/mode_table.h"
 
 namespace quillmere::cli {
@@ -22,6 +23,9 @@ int ForecastCommand(const Args& args);
 std::string NumberArgument(const Args& args, const std::string& option, const char* fallback);
 // A UT day of 1900 or later.
 double DayArgument(const Args& args, const std::string& option);
+// The ephemeris of --ephemeris: classic (the default) or precise; UsageError for anything else,
+// or for precise where this build lacks it.
+EphemerisModel EphemerisArgument(const Args& args);
 // The mode file of --modes, or the one beside the tool; false (its message printed) when it fails.
 bool LoadModes(const Args& args, ModeTable& modes);
 

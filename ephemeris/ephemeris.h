@@ -108,8 +108,9 @@ struct MinuteTables {
   std::array<float, kMinuteRows> MinuteJupHA{};     // hours, -12 to +12
 };
 
-// The tables of the day named by the whole days of `day`, from 00:10:00 UT on. Moves T and
-// ends with RestoreT, so a caller that wants its T back calls SaveT first.
+// The tables of the day named by the whole days of `day`, from 00:10:00 UT on (the precise
+// ephemeris: row i is 00:00 UT plus i - 1 minutes). Moves T and ends with RestoreT, so a caller
+// that wants its T back calls SaveT first.
 void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,
                       float ObsLong);
 

@@ -6,7 +6,12 @@
 
 namespace quillmere {
 
+// Which ephemeris fills the state: the classic orbit model or the precise one.
+enum class EphemerisModel { Classic, Precise };
+
 struct EphemerisState {
+  EphemerisModel model = EphemerisModel::Classic;
+
   // Date-time values in UT (days since 30 December 1899).
   double T = 0;       // the instant in force
   double SavedT = 0;  // one level of SaveT / RestoreT
@@ -39,6 +44,9 @@ struct EphemerisState {
   double JupSet = 0;
   double SunRise = 0;
   double SunSet = 0;
+
+  // The precise model's observer longitude (degrees west), as its last sidereal time had it.
+  float PreciseLong = 0;
 };
 
 inline constexpr double kNoRiseSet = -1;

@@ -3,6 +3,7 @@
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/horizon.h"
+#include "ephemeris/precise.h"
 #include "textutil/number_text.h"
 
 namespace quillmere {
@@ -11,6 +12,9 @@ using checked::FoldDown;
 using checked::Store;
 
 void ComputeInstant(EphemerisState& s, float ObsLat) {
+#ifdef QUILLMERE_PRECISE
+  if (s.model == EphemerisModel::Precise) return PreciseInstant(s, ObsLat);
+#endif
   ComputePositions(s);
   ComputeCML3(s, s.T);
   ComputeIoPhase(s, s.Day1900);
@@ -20,6 +24,10 @@ void ComputeInstant(EphemerisState& s, float ObsLat) {
 
 void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,
                       float ObsLong) {
+#ifdef QUILLMERE_PRECISE
+  if (s.model == EphemerisModel::Precise)
+    return PreciseMinuteTables(s, tables, day, ObsLat, ObsLong);
+#endif
   tables = MinuteTables{};
   const float keptLMST = s.LMST;
 

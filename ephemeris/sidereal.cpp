@@ -2,6 +2,7 @@
 
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/precise.h"
 #include "textutil/date_time.h"
 #include "textutil/number_text.h"
 
@@ -12,6 +13,9 @@ using checked::FoldUp;
 using checked::Store;
 
 void ComputeSiderealTime(EphemerisState& s, float ObsLong) {
+#ifdef QUILLMERE_PRECISE
+  if (s.model == EphemerisModel::Precise) return PreciseSiderealTime(s, ObsLong);
+#endif
   // Whole seconds since 0h UT: the sidereal rate is applied to whole seconds only.
   double S = 0;
   if (const auto f = SplitDateTime(s.T)) S = f->hour * 3600 + f->minute * 60 + f->second;

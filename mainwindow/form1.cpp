@@ -12,6 +12,7 @@
 #include <cctype>
 #include <cstdio>
 
+#include "ephemeris/precise.h"
 #include "mainwindow/entry.h"
 #include "stormmodel/ui/accessible.h"
 #include "textutil/date_time.h"
@@ -271,6 +272,9 @@ void Form1::Form_Load() {
       StoredSingle(platform_.settings->GetSetting(p_.AppTitle, "Settings", "Latitude", "0"));
   p_.ObsLong =
       StoredSingle(platform_.settings->GetSetting(p_.AppTitle, "Settings", "Longitude", "0"));
+  // The ephemeris is chosen once, before the first sidereal time: classic unless asked otherwise.
+  s_.model = EphemerisModelSetting(
+      platform_.settings->GetSetting(p_.AppTitle, "Settings", "Ephemeris", "classic"));
   p_.TimeZone = p_.DetectedTZ;
   s_.T = PresentUT();
   ComputeSiderealTime(s_, p_.ObsLong);

@@ -32,8 +32,9 @@ DayPrediction SearchDay(EphemerisState& s, double day, float ObsLat, float ObsLo
 }
 
 DayPrediction PredictDay(double day, float ObsLat, float ObsLong, const ModeTable& modes,
-                         const SearchLimits& limits) {
+                         const SearchLimits& limits, EphemerisModel model) {
   EphemerisState s;
+  s.model = model;
   s.T = day;
   return SearchDay(s, day, ObsLat, ObsLong, modes, limits);
 }

@@ -37,6 +37,7 @@ DayPrediction SearchDay(EphemerisState& s, double day, float ObsLat, float ObsLo
 
 // The same on a state of its own, so no caller's instant moves.
 DayPrediction PredictDay(double day, float ObsLat, float ObsLong, const ModeTable& modes,
-                         const SearchLimits& limits);
+                         const SearchLimits& limits,
+                         EphemerisModel model = EphemerisModel::Classic);
 
 }  // namespace quillmere

@@ -7,6 +7,7 @@ namespace quillmere {
 std::vector<ForecastEvent> Forecast(const ModeTable& modes, const ForecastRequest& request) {
   std::vector<ForecastEvent> out;
   EphemerisState s;
+  s.model = request.model;
   s.T = request.start;
   for (int k = 0; k < request.days; ++k) {
     const double day = request.start + k;

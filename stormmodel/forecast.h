@@ -36,6 +36,7 @@ struct ForecastRequest {
   float ObsLat = 0;   // degrees north
   float ObsLong = 0;  // degrees west
   SearchLimits limits;
+  EphemerisModel model = EphemerisModel::Classic;
 };
 
 // Every event of the days start to start + days - 1, by day, then by mode, then by time.

@@ -154,7 +154,9 @@ void PredictionWindow::Report(bool typed, const std::string& directory) {
         txtJupAltMin + " deg." + kCrLf + "Exclude times when Sun is above " + txtSunAltMax +
         " deg." + kCrLf + "Include only events that last at least " +
         NumberText(storm_.ReportMinDuration) + " minutes." + kCrLf +
-        "Quillmere Pro Software Version " + program_.VersionText + kCrLf + kCrLf;
+        "Quillmere Pro Software Version " + program_.VersionText +
+        // Only a report of the precise ephemeris says so; the classic line stays as it was.
+        (s_.model == EphemerisModel::Precise ? " (precise ephemeris)" : "") + kCrLf + kCrLf;
     if (!file.Write(header)) return failed();
   }
 

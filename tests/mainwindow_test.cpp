@@ -5,6 +5,7 @@
 #include <QLabel>
 
 #include "accessible_test_support.h"
+#include "ephemeris/precise.h"
 #include "form1_test_support.h"
 #include "mainwindow/display.h"
 #include "mainwindow/entry.h"
@@ -350,6 +351,24 @@ TEST_F(MainWindow, ActivityAlertIsSaidOncePerNewSetOfModes) {
   Type("ft");
   EXPECT_EQ(voice->Texts(),
             std::vector<std::string>{"Fixed Time Mode.  Current Time 07/05/2006 12:01:05"});
+}
+
+// The stored ephemeris acts from the first tick on; a word it does not know reads as classic.
+TEST_F(MainWindow, StoredEphemerisChoosesTheModel) {
+  std::map<std::string, std::string> cml;
+  for (const char* stored : {"classic", "precise", "Precise", "sky"}) {
+    settings.SaveSetting(testing::kApp, "Settings", "Ephemeris", stored);
+    cml[stored] = Start().Caption("LBlCMIII");
+    EXPECT_EQ(form->ephemeris().model, std::string(stored) == "precise" && PreciseEphemerisBuilt()
+                                           ? EphemerisModel::Precise
+                                           : EphemerisModel::Classic)
+        << stored;
+  }
+  EXPECT_EQ(cml["Precise"], cml["classic"]);
+  EXPECT_EQ(cml["sky"], cml["classic"]);
+  if (PreciseEphemerisBuilt()) {
+    EXPECT_NE(cml["precise"], cml["classic"]);
+  }
 }
 
 TEST_F(MainWindow, ActivityAlertIsSilentUnlessTurnedOn) {
