@@ -1,0 +1,66 @@
+#!/usr/bin/env bash
+# Cross-builds the Qt-free core (textutil, ephemeris, the storm model), its tests and
+# quillmere-cli.exe for 64-bit Windows with MinGW-w64, runs the tests under Wine, and compares the
+# Windows quillmere-cli with the Linux one digit for digit (tests/windows_digits.sh).
+#
+# Exit status 0 when all passed, 1 when a build, a test or the comparison failed, and 3 when the
+# packages it needs are missing and cannot be installed (no root and no password-less sudo).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/deps.sh
+
+# googletest holds the sources of GoogleTest, built here with the cross compiler.
+QUILLMERE_WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix wine64 googletest ccache)
+sudo=
+if [ "$(id -u)" -ne 0 ]; then
+  if sudo -n true 2>/dev/null; then sudo="sudo -n"; else sudo=none; fi
+fi
+if [ "$sudo" = none ] || ! SUDO=$sudo quillmere_install_missing "${QUILLMERE_WINDOWS_PACKAGES[@]}"; then
+  echo "windows.sh: cannot install ${QUILLMERE_WINDOWS_PACKAGES[*]} (needs root or" \
+    "password-less sudo); the Windows build was not made" >&2
+  exit 3
+fi
+
+export CCACHE_BASEDIR=$PWD
+top=$PWD
+toolchain=$top/cmake/mingw-w64-x86_64.cmake
+gtest=$top/build/windows-gtest
+out=$top/build/windows
+launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+
+echo "== windows: GoogleTest for MinGW-w64"
+if [ ! -f "$gtest/install/lib/cmake/GTest/GTestConfig.cmake" ]; then
+  cmake -S /usr/src/googletest -B "$gtest" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
+    -DCMAKE_BUILD_TYPE=Release -DBUILD_GMOCK=OFF -DCMAKE_INSTALL_PREFIX="$gtest/install" \
+    "${launcher[@]}" >/dev/null
+  cmake --build "$gtest" >/dev/null
+  cmake --install "$gtest" >/dev/null
+fi
+
+echo "== windows: cross-build"
+# Test discovery at build time would start Wine once per test program; CTest is not used here.
+cmake -S . -B "$out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
+  -DQUILLMERE_GUI=OFF -DQUILLMERE_BENCH=OFF -DGTest_DIR="$gtest/install/lib/cmake/GTest" \
+  -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST "${launcher[@]}" >/dev/null
+cmake --build "$out" --target core_tests storm_tests quillmere-cli
+
+# A Wine prefix of our own, made once; one wineserver serves every start below.
+export WINEPREFIX=$out/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
+wineserver=$(command -v wineserver || echo /usr/lib/wine/wineserver)
+"$wineserver" -p 60
+trap '"$wineserver" -k 2>/dev/null || true' EXIT
+
+echo "== windows: tests under Wine"
+for t in core_tests storm_tests; do
+  (cd "$out" && "$wine" "./$t.exe" --gtest_brief=1)
+done
+
+echo "== windows: the same digits on Windows and on Linux"
+if [ ! -x build/release/quillmere-cli ] || [ ! -x build/release/digits_compare ]; then
+  quillmere_install_deps
+  cmake --preset release >/dev/null
+  cmake --build --preset release --target quillmere-cli digits_compare
+fi
+WINE=$wine tests/windows_digits.sh build/release/quillmere-cli "$out/quillmere-cli.exe" \
+  build/release/digits_compare

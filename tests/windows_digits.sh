@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Runs the same random instants and days through two builds of quillmere-cli, the Linux one and
+# the Windows one (under Wine), and compares every field of every reply digit for digit.
+#
+#   tests/windows_digits.sh LINUX_CLI WINDOWS_CLI DIGITS_COMPARE [INSTANTS DAYS SEED]
+#
+# WINE names Wine's loader (default: wine64 on the PATH, else Debian's /usr/lib/wine/wine64).
+# Each build starts once, in batch mode.
+set -euo pipefail
+
+linux_cli=$1 windows_cli=$2 compare=$3
+instants=${4:-1000} days=${5:-100} seed=${6:-20260705}
+wine=${WINE:-$(command -v wine64 || echo /usr/lib/wine/wine64)}
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+"$compare" commands "$seed" "$instants" "$days" >"$work/batch.txt"
+"$linux_cli" batch <"$work/batch.txt" >"$work/linux.out"
+WINEDEBUG=${WINEDEBUG:--all} "$wine" "$windows_cli" batch <"$work/batch.txt" >"$work/windows.out"
+echo "seed $seed: $instants instants and $days days, the Linux and the Windows quillmere-cli"
+"$compare" compare "$work/batch.txt" "$work/linux.out" "$work/windows.out"
