@@ -39,8 +39,9 @@ fi
 
 echo "== windows: cross-build"
 # Test discovery at build time would start Wine once per test program; CTest is not used here.
-cmake -S . -B "$out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
-  -DQUILLMERE_GUI=OFF -DQUILLMERE_BENCH=OFF -DGTest_DIR="$gtest/install/lib/cmake/GTest" \
+core=(-DCMAKE_BUILD_TYPE=Release -DQUILLMERE_GUI=OFF -DQUILLMERE_BENCH=OFF -DQUILLMERE_CRMATH=ON)
+cmake -S . -B "$out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" "${core[@]}" \
+  -DGTest_DIR="$gtest/install/lib/cmake/GTest" \
   -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST "${launcher[@]}" >/dev/null
 cmake --build "$out" --target core_tests storm_tests quillmere-cli
 
@@ -57,10 +58,8 @@ for t in core_tests storm_tests; do
 done
 
 echo "== windows: the same digits on Windows and on Linux"
-if [ ! -x build/release/quillmere-cli ] || [ ! -x build/release/digits_compare ]; then
-  quillmere_install_deps
-  cmake --preset release >/dev/null
-  cmake --build --preset release --target quillmere-cli digits_compare
-fi
-WINE=$wine tests/windows_digits.sh build/release/quillmere-cli "$out/quillmere-cli.exe" \
-  build/release/digits_compare
+# The Linux build to compare with is made with the same options.
+cmake -S . -B build/windows-reference -G Ninja "${core[@]}" "${launcher[@]}" >/dev/null
+cmake --build build/windows-reference --target quillmere-cli digits_compare
+WINE=$wine tests/windows_digits.sh build/windows-reference/quillmere-cli \
+  "$out/quillmere-cli.exe" build/windows-reference/digits_compare
