@@ -16,6 +16,8 @@ namespace quillmere::crmath {
 
 double sin(double x);
 double cos(double x);
+// Both at once, for the price of little more than one: the same results as sin and cos.
+void sincos(double x, double& sinX, double& cosX);
 double tan(double x);
 double atan(double x);
 

@@ -66,8 +66,9 @@ Horizon AtSiderealTime(const Sky& sky, double siderealTime) {
   double H = siderealTime - sky.rightAscension;  // hour angle, hours
   FoldUp(H, 0, 24);
   const double h = (H * kRadiansPerDegree) * 15;
-  const double sinH = trig::sin(h);
-  const double sa = sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * trig::cos(h);
+  double sinH = 0, cosH = 0;
+  trig::sincos(h, sinH, cosH);
+  const double sa = sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * cosH;
   const double a = sa == 1.0 ? 1.570796327 : Arcsine(sa);
   // At a pole, or with the body at the zenith, the division stays finite.
   double w = sky.cosPhi * trig::cos(a);

@@ -13,6 +13,7 @@ namespace quillmere::trig {
 using crmath::atan;
 using crmath::cos;
 using crmath::sin;
+using crmath::sincos;
 using crmath::tan;
 #else
 inline double sin(double x) {
@@ -26,6 +27,10 @@ inline double tan(double x) {
 }
 inline double atan(double x) {
   return std::atan(x);
+}
+inline void sincos(double x, double& sinX, double& cosX) {
+  sinX = std::sin(x);
+  cosX = std::cos(x);
 }
 #endif
 

@@ -45,11 +45,11 @@ cmake -S . -B "$out" -G Ninja -DCMAKE_TOOLCHAIN_FILE="$toolchain" "${core[@]}" \
   -DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST "${launcher[@]}" >/dev/null
 cmake --build "$out" --target core_tests storm_tests quillmere-cli
 
-# A Wine prefix of our own, made once; one wineserver serves every start below.
+# A Wine prefix of our own, made at the first start (without Mono and Gecko, which a console
+# program does not need); its wineserver is stopped at the end.
 export WINEPREFIX=$out/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
 wine=$(command -v wine64 || echo /usr/lib/wine/wine64)
 wineserver=$(command -v wineserver || echo /usr/lib/wine/wineserver)
-"$wineserver" -p 60
 trap '"$wineserver" -k 2>/dev/null || true' EXIT
 
 echo "== windows: tests under Wine"

@@ -31,6 +31,20 @@ TEST(CorrectlyRounded, AgreesWithMpfr) {
   } functions[] = {{"sin", crmath::sin, mpfr_sin},
                    {"cos", crmath::cos, mpfr_cos},
                    {"tan", crmath::tan, mpfr_tan},
+                   {"sincos's sin",
+                    [](double x) {
+                      double s = 0, c = 0;
+                      crmath::sincos(x, s, c);
+                      return s;
+                    },
+                    mpfr_sin},
+                   {"sincos's cos",
+                    [](double x) {
+                      double s = 0, c = 0;
+                      crmath::sincos(x, s, c);
+                      return c;
+                    },
+                    mpfr_cos},
                    {"atan", crmath::atan, mpfr_atan}};
   std::mt19937_64 rng(20261124);
   auto uniform = [&](double low, double high) {

@@ -58,6 +58,10 @@ TEST(CorrectlyRounded, SignsLimitsAndTheEdgesOfTheReduction) {
     EXPECT_EQ(crmath::cos(-x), crmath::cos(x)) << x;
     EXPECT_EQ(crmath::tan(-x), -crmath::tan(x)) << x;
     EXPECT_EQ(crmath::atan(-x), -crmath::atan(x)) << x;
+    double s = 0, c = 0;
+    crmath::sincos(-x, s, c);
+    EXPECT_EQ(s, crmath::sin(-x)) << x;
+    EXPECT_EQ(c, crmath::cos(-x)) << x;
   }
 }
 
