@@ -172,7 +172,8 @@ const char* const kBatchUsage =
     "Runs each line of standard input as one command with its options, as if it were given\n"
     "on the command line, and prints the replies one after the other, each as the command\n"
     "alone prints it. A refused line says why on standard error and the next line runs.\n"
-    "Blank lines are skipped. The exit status is the highest of the commands'.\n"
+    "Words are split at blanks, without quoting. Blank lines are skipped. The exit status\n"
+    "is the highest of the commands'.\n"
     "One start of the tool serves many commands, which matters where starting it is slow.\n";
 
 int Main(const std::vector<std::string>& words);

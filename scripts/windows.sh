@@ -9,16 +9,24 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/deps.sh
 
-# googletest holds the sources of GoogleTest, built here with the cross compiler.
-QUILLMERE_WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix wine64 googletest ccache)
-sudo=
-if [ "$(id -u)" -ne 0 ]; then
-  if sudo -n true 2>/dev/null; then sudo="sudo -n"; else sudo=none; fi
-fi
-if [ "$sudo" = none ] || ! SUDO=$sudo quillmere_install_missing "${QUILLMERE_WINDOWS_PACKAGES[@]}"; then
-  echo "windows.sh: cannot install ${QUILLMERE_WINDOWS_PACKAGES[*]} (needs root or" \
-    "password-less sudo); the Windows build was not made" >&2
-  exit 3
+# googletest holds the sources of GoogleTest, built here with the cross compiler; the rest makes
+# the Linux build to compare with.
+QUILLMERE_WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix wine64 googletest ccache
+  build-essential cmake ninja-build libgtest-dev)
+missing=()
+for p in "${QUILLMERE_WINDOWS_PACKAGES[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  sudo=
+  if [ "$(id -u)" -ne 0 ]; then
+    sudo -n true 2>/dev/null && sudo="sudo -n" || sudo=none
+  fi
+  if [ "$sudo" = none ] || ! SUDO=$sudo quillmere_install_missing "${missing[@]}"; then
+    echo "windows.sh: cannot install ${missing[*]} (it needs root, or sudo without a" \
+      "password, and Debian's package archive); the Windows build was not made" >&2
+    exit 3
+  fi
 fi
 
 export CCACHE_BASEDIR=$PWD
