@@ -25,3 +25,16 @@ else  # two Linux builds, e.g. with and without the correctly rounded functions
 fi
 echo "seed $seed: $instants instants and $days days, the Linux and the Windows quillmere-cli"
 "$compare" compare "$work/batch.txt" "$work/linux.out" "$work/windows.out"
+
+# The Linux replies to the default sample are pinned by their digest, which the Windows and macOS
+# CI (.github/workflows/core.yml) checks its own replies against.
+if [ "$instants $days $seed" = "1000 100 20260705" ]; then
+  digest=$(tr -d '\r' <"$work/linux.out" | sha256sum | cut -d' ' -f1)
+  pinned=$(tr -d '\r\n' <"$(dirname "$0")/digits.sha256")
+  echo "digest of the replies: $digest"
+  if [ "$digest" != "$pinned" ]; then
+    echo "tests/digits.sha256 holds $pinned: the digits have changed; if that is meant," \
+      "store the new digest there" >&2
+    exit 1
+  fi
+fi
