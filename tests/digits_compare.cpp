@@ -161,7 +161,7 @@ int Compare(const std::string& commandsPath, const std::string& aPath, const std
         ++byField[x[f].first];
         show(commands[i], x[f].first + "[" + std::to_string(r) + "]", tx[f][r], ty[f][r]);
       }
-      rowsDiffering += !same;
+      if (!same) ++rowsDiffering;
     }
   }
   std::printf("%ld instants: %ld of %ld fields differ\n", instants, fieldsDiffering, fields);
