@@ -1,5 +1,8 @@
 #include <benchmark/benchmark.h>
 
+#include <cmath>
+
+#include "ephemeris/crmath.h"
 #include "ephemeris/ephemeris.h"
 #include "textutil/date_time.h"
 
@@ -51,6 +54,28 @@ BENCHMARK_CAPTURE(BM_InstantOf, precise_new_day, EphemerisModel::Precise, 1.0)
 BENCHMARK_CAPTURE(BM_FillMinuteTablesOf, precise, EphemerisModel::Precise)
     ->Unit(benchmark::kMicrosecond);
 #endif
+
+// One call of the correctly rounded functions against the C library's, over the angles and
+// ratios of a day's tables.
+template <double (*Fn)(double)>
+void BM_Function(benchmark::State& state) {
+  double x = -3.0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(Fn(x));
+    x += 0.001;
+    if (x > 3.0) x = -3.0;
+  }
+}
+double LibrarySin(double x) {
+  return std::sin(x);
+}
+double LibraryAtan(double x) {
+  return std::atan(x);
+}
+BENCHMARK(BM_Function<crmath::sin>)->Name("BM_CorrectlyRoundedSin");
+BENCHMARK(BM_Function<LibrarySin>)->Name("BM_LibrarySin");
+BENCHMARK(BM_Function<crmath::atan>)->Name("BM_CorrectlyRoundedAtan");
+BENCHMARK(BM_Function<LibraryAtan>)->Name("BM_LibraryAtan");
 
 }  // namespace
 }  // namespace quillmere

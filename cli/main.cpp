@@ -1,9 +1,12 @@
 // quillmere-cli: the program's core without its windows. It adds no logic of its own.
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <iostream>
+#include <iterator>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -173,7 +176,41 @@ void PrintToolHelp() {
       "\n"
       "Commands:\n");
   for (const Command& c : Commands()) std::printf("  %-10s %s\n", c.name, c.summary);
+  std::printf("  %-10s %s\n", "batch", "run one command per line of standard input");
   std::printf("\n'quillmere-cli COMMAND --help' tells more of each.\n");
+}
+
+const char* const kBatchUsage =
+    "usage: quillmere-cli batch < COMMANDS\n"
+    "\n"
+    "Runs each line of standard input as one command with its options, as if it were given\n"
+    "on the command line, and prints the replies one after the other, each as the command\n"
+    "alone prints it. A refused line says why on standard error and the next line runs.\n"
+    "Words are split at blanks, without quoting. Blank lines are skipped. The exit status\n"
+    "is the highest of the commands'.\n"
+    "One start of the tool serves many commands, which matters where starting it is slow.\n";
+
+int Main(const std::vector<std::string>& words);
+
+int Batch() {
+  int status = 0;
+  std::string line;
+  while (std::getline(std::cin, line)) {
+    std::istringstream in(line);
+    const std::vector<std::string> words{std::istream_iterator<std::string>(in), {}};
+    if (words.empty()) continue;
+    int code = 2;
+    try {
+      if (words[0] == "batch") throw UsageError("batch does not nest");
+      code = Main(words);
+    } catch (const UsageError& e) {
+      std::fflush(stdout);
+      std::fprintf(stderr, "quillmere-cli: %s\n", e.what());
+    }
+    std::fflush(stdout);
+    status = std::max(status, code);
+  }
+  return status;
 }
 
 int Main(const std::vector<std::string>& words) {
@@ -181,6 +218,14 @@ int Main(const std::vector<std::string>& words) {
   if (words[0] == "--help" || words[0] == "-h" || words[0] == "help") {
     PrintToolHelp();
     return 0;
+  }
+  if (words[0] == "batch") {
+    if (words.size() == 2 && (words[1] == "--help" || words[1] == "-h")) {
+      std::fputs(kBatchUsage, stdout);
+      return 0;
+    }
+    if (words.size() > 1) throw UsageError("unknown argument '" + words[1] + "'");
+    return Batch();
   }
   for (const Command& c : Commands()) {
     if (words[0] != c.name) continue;

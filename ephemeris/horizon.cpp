@@ -4,6 +4,7 @@
 
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/trig.h"
 
 namespace quillmere {
 
@@ -26,15 +27,15 @@ void RiseSet(double rightAscension, double declination, float LMST0, float ObsLa
   float m = 0;
   Store(m, static_cast<double>(alpha) - LMST0);
   if (m < 0) Store(m, m + 24.0);
-  const double c = -std::tan(ObsLat * kRadiansPerDegree) * std::tan(delta * kRadiansPerDegree);
+  const double c = -trig::tan(ObsLat * kRadiansPerDegree) * trig::tan(delta * kRadiansPerDegree);
   if (std::fabs(c) > 1) {
     // Up all day or down all day: the two are not told apart.
     rise = kNoRiseSet;
     set = kNoRiseSet;
     return;
   }
-  const double q = 2.0 * std::atan(c / ((1.0 + std::sqrt(1 - c * c)) + 1e-20));  // arcsine of c
-  const double D = ((2.0 * std::atan(1.0) - q) * kDegreesPerRadian) / 15;        // semi-diurnal arc
+  const double q = 2.0 * trig::atan(c / ((1.0 + std::sqrt(1 - c * c)) + 1e-20));  // arcsine of c
+  const double D = ((2.0 * trig::atan(1.0) - q) * kDegreesPerRadian) / 15;  // semi-diurnal arc
   Store(rise, m - D);
   FoldUp(rise, 0, 24);
   Store(set, m + D);
@@ -45,7 +46,7 @@ void RiseSet(double rightAscension, double declination, float LMST0, float ObsLa
 
 double Arcsine(double x) {
   if (std::fabs(x) >= 1) return (x < 0 ? -1 : 1) * 1.570796326794895;
-  return std::atan(x / std::sqrt(1 - x * x));
+  return trig::atan(x / std::sqrt(1 - x * x));
 }
 
 // Its quarter circle has nine decimals, unlike Arcsine's: Arccosine(1) is 2.05e-10, not 0.
@@ -58,18 +59,19 @@ namespace horizon {
 Sky MakeSky(double latitude, double rightAscension, double declination) {
   const double phi = latitude * kRadiansPerDegree;
   const double delta = declination * kRadiansPerDegree;
-  return {std::cos(phi), std::sin(phi), std::sin(delta), std::cos(delta), rightAscension};
+  return {trig::cos(phi), trig::sin(phi), trig::sin(delta), trig::cos(delta), rightAscension};
 }
 
 Horizon AtSiderealTime(const Sky& sky, double siderealTime) {
   double H = siderealTime - sky.rightAscension;  // hour angle, hours
   FoldUp(H, 0, 24);
   const double h = (H * kRadiansPerDegree) * 15;
-  const double sinH = std::sin(h);
-  const double sa = sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * std::cos(h);
+  double sinH = 0, cosH = 0;
+  trig::sincos(h, sinH, cosH);
+  const double sa = sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * cosH;
   const double a = sa == 1.0 ? 1.570796327 : Arcsine(sa);
   // At a pole, or with the body at the zenith, the division stays finite.
-  double w = sky.cosPhi * std::cos(a);
+  double w = sky.cosPhi * trig::cos(a);
   if (w < 1e-20) w = 1e-20;
   double c = 0;
   Divide(sky.sinDelta - sky.sinPhi * sa, w, c);

@@ -2,6 +2,7 @@
 
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/trig.h"
 #include "textutil/number_text.h"
 
 namespace quillmere {
@@ -24,9 +25,9 @@ double Argument(double base, double rate, double t) {
 }  // namespace
 
 JupiterSeries JupiterSeriesPosition(double t) {
-  using std::cos;
-  using std::sin;
-  using std::tan;
+  using trig::cos;
+  using trig::sin;
+  using trig::tan;
   JupiterSeries out;
   const double T = t / 36525 + 1;
 
@@ -56,22 +57,22 @@ JupiterSeries JupiterSeriesPosition(double t) {
   const double y = r * cos(b) * sin(l - Ls);
   const double x = r * cos(b) * cos(l - Ls) + R;
   double A = 0;
-  if (double q; Divide(y, x, q)) A = std::atan(q);
+  if (double q; Divide(y, x, q)) A = trig::atan(q);
   if (x < 0) A = A + kPi;
   const double lambda = A + Ls;  // not folded
   const double zHelio = r * sin(b);
   Store(out.distance, std::sqrt(y * y + x * x + zHelio * zHelio));
   double s = 0, beta = 0;
   Divide(zHelio, out.distance, s);
-  if (double q; Divide(s, std::sqrt(1 - s * s), q)) beta = std::atan(q);
+  if (double q; Divide(s, std::sqrt(1 - s * s), q)) beta = trig::atan(q);
 
   const double epsilon = (84428 - 47 * T) / kArcsecondsPerRadian;  // obliquity of date
   const double Y = sin(lambda) * cos(epsilon) - tan(beta) * sin(epsilon);
   const double X = cos(lambda);
-  if (double q; Divide(Y, X, q)) out.alpha = std::atan(q);
+  if (double q; Divide(Y, X, q)) out.alpha = trig::atan(q);
   if (X < 0) out.alpha = out.alpha + kPi;
   s = sin(beta) * cos(epsilon) + cos(beta) * sin(epsilon) * sin(lambda);
-  if (double q; Divide(s, std::sqrt(1 - s * s), q)) out.delta = std::atan(q);
+  if (double q; Divide(s, std::sqrt(1 - s * s), q)) out.delta = trig::atan(q);
   out.century = T;
   return out;
 }

@@ -2,6 +2,7 @@
 
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/trig.h"
 #include "textutil/date_time.h"
 #include "textutil/number_text.h"
 
@@ -43,11 +44,11 @@ void ComputeCML3(EphemerisState& s, double instant) {
   const double alphaP = Mod360(268.05 + 0.107 * Tc) * kRadiansPerDegree;
   const double deltaP = Mod360(64.49 - 0.015 * Tc) * kRadiansPerDegree;
 
-  const double Y = std::cos(delta) * std::sin(alphaP - alpha);
-  const double X = std::sin(deltaP) * std::cos(delta) * std::cos(alphaP - alpha) -
-                   std::cos(deltaP) * std::sin(delta);
+  const double Y = trig::cos(delta) * trig::sin(alphaP - alpha);
+  const double X = trig::sin(deltaP) * trig::cos(delta) * trig::cos(alphaP - alpha) -
+                   trig::cos(deltaP) * trig::sin(delta);
   double xi = 0;
-  if (double q; Divide(X, Y, q)) xi = kDegreesPerRadian * std::atan(q);
+  if (double q; Divide(X, Y, q)) xi = kDegreesPerRadian * trig::atan(q);
   if (Y < 0) xi = xi + 180;
 
   // 870.536 degrees a day of rotation, seen 0.0057755 days an AU late.
@@ -59,8 +60,8 @@ void ComputeCML3(EphemerisState& s, double instant) {
 }
 
 void ComputeIoPhase(EphemerisState& s, double day1900) {
-  using std::cos;
-  using std::sin;
+  using trig::cos;
+  using trig::sin;
   const double d = 1.0 + day1900;  // days from 1900 January 0.5
   const double V = Mod2Pi(0.0000194756 * d + 2.34974);
   const double M = Mod2Pi(0.01720197 * d + 6.256586);

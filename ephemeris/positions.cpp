@@ -2,6 +2,7 @@
 
 #include "ephemeris/checked.h"
 #include "ephemeris/ephemeris.h"
+#include "ephemeris/trig.h"
 #include "textutil/number_text.h"
 
 namespace quillmere {
@@ -37,12 +38,12 @@ void EclipticToEquatorial(double x, double y, double z, double& ra, double& dec)
   // rho is taken: the guard only gives the angle below a sign.
   if (z == 0) z = 1e-30;
   double a = 0;
-  if (double q; Divide(z, y, q)) a = std::atan(q);
+  if (double q; Divide(z, y, q)) a = trig::atan(q);
   if (a < 0) a = a + kPi;
   if (z < 0) a = a + kPi;
   a = a + kObliquity;
-  Store(z, rho * std::sin(a));
-  Store(y, rho * std::cos(a));
+  Store(z, rho * trig::sin(a));
+  Store(y, rho * trig::cos(a));
   const Polar p = RectangularToPolar(x, y, z);
   Store(ra, (p.A / 15) * kDegreesPerRadian);
   Store(dec, p.B * kDegreesPerRadian);
@@ -63,27 +64,27 @@ Vector3 OrbitPosition(Orbit k, double Day1900) {
   Store(M, ((Day1900 + o.D0) / o.P) * kFullCircle - o.W);
   // One factor carries the mean anomaly to the true anomaly, to first order in e.
   const double q = (1 + o.e) / (1 - o.e);
-  Store(v, 2.0 * std::atan(std::tan(M / 2) * q));
+  Store(v, 2.0 * trig::atan(trig::tan(M / 2) * q));
   if (v < 0) v = kFullCircle + v;
-  Store(r, ((1 - o.e * o.e) / (1 + o.e * std::cos(v))) * o.a);
+  Store(r, ((1 - o.e * o.e) / (1 + o.e * trig::cos(v))) * o.a);
   const double L = v + o.W;
-  const double B = std::sin(L - o.N) * o.I;
+  const double B = trig::sin(L - o.N) * o.I;
   Vector3 p;
-  Store(p.x, r * std::cos(L) * std::cos(B));
-  Store(p.y, r * std::sin(L) * std::cos(B));
-  Store(p.z, r * std::sin(B));
+  Store(p.x, r * trig::cos(L) * trig::cos(B));
+  Store(p.y, r * trig::sin(L) * trig::cos(B));
+  Store(p.z, r * trig::sin(B));
   return p;
 }
 
 Polar RectangularToPolar(double x, double y, double z) {
   Polar p;
   Store(p.r, std::sqrt(x * x + y * y + z * z));
-  if (double q; Divide(y, x, q)) p.A = std::atan(q);
+  if (double q; Divide(y, x, q)) p.A = trig::atan(q);
   if (p.A < 0) p.A = kPi + p.A;
   if (y < 0) p.A = kPi + p.A;
   double s = 0;
   Divide(z, p.r, s);
-  if (double q; Divide(s, std::sqrt(1 - s * s), q)) p.B = std::atan(q);
+  if (double q; Divide(s, std::sqrt(1 - s * s), q)) p.B = trig::atan(q);
   return p;
 }
 

@@ -6,7 +6,7 @@ QUILLMERE_PACKAGES=(
   build-essential cmake ninja-build clang-format
   qt6-base-dev qt6-base-dev-tools qt6-speech-dev qt6-declarative-dev libqt6texttospeech6
   qt6-speech-speechd-plugin qt6-speech-flite-plugin libxkbcommon-dev libgl-dev
-  libgtest-dev libgmock-dev libbenchmark-dev liberfa-dev pkg-config
+  libgtest-dev libgmock-dev libbenchmark-dev liberfa-dev pkg-config libmpfr-dev
 )
 
 # What the proof of real sound needs (the test speech_makes_sound): the speech daemon with its

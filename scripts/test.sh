@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs the whole test suite: the style check, the tests of the release
-# build, and the tests again under AddressSanitizer and UndefinedBehaviorSanitizer.
+# build, the tests again under AddressSanitizer and UndefinedBehaviorSanitizer, and the core
+# built for Windows and tested under Wine (scripts/windows.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/deps.sh
@@ -17,3 +18,13 @@ for preset in release sanitize; do
   cmake --build --preset "$preset"
   ctest --preset "$preset" -j "$(nproc)"
 done
+
+# The core and quillmere-cli built for Windows, tested under Wine, compared with the Linux digits.
+echo "== windows"
+windows=0
+scripts/windows.sh || windows=$?
+if [ "$windows" -eq 3 ]; then
+  echo "== windows: SKIPPED, MinGW-w64 and Wine could not be installed (see above)"
+elif [ "$windows" -ne 0 ]; then
+  exit "$windows"
+fi

@@ -102,6 +102,20 @@ TEST(Cli, HelpForTheToolAndEachCommand) {
   }
 }
 
+TEST(Cli, BatchRepliesAsEachCommandAlone) {
+  const std::string one = "instant --time 2006-07-05T12:00:00 --lat 30 --long 80 --json";
+  const std::string two = "minutes --day 1900-01-01 --lat -33.9 --long -151.2";
+  const std::string input = ::testing::TempDir() + "cli_batch_" + std::to_string(getpid()) + ".txt";
+  std::ofstream(input) << one << "\n\n  instant --lat 30\n" << two << "\r\n";
+  const Result r = RunCli("batch < " + input);
+  std::remove(input.c_str());
+  EXPECT_EQ(r.status, 2);
+  EXPECT_EQ(r.out, RunCli(one).out + RunCli(two).out);
+  EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+  EXPECT_NE(r.err.find("--time"), std::string::npos) << r.err;
+  EXPECT_EQ(RunCli("batch --json").status, 2);
+}
+
 TEST(Cli, BadArgumentsGiveOneLineAndStatusTwo) {
   const struct {
     const char* args;

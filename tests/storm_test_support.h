@@ -1,7 +1,12 @@
 #pragma once
 // Helpers shared by the storm model's tests: a scratch directory, files in it, a recording UI.
 
+#ifdef _WIN32
+#include <process.h>
+#define getpid _getpid
+#else
 #include <unistd.h>
+#endif
 
 #include <filesystem>
 #include <fstream>
