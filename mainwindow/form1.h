@@ -36,6 +36,9 @@ struct Form1Platform {
   SettingsStore* settings = nullptr;
   MessageBoxes* messages = nullptr;
   std::function<std::unique_ptr<Voice>()> createVoice;
+  // After createVoice: which engine speaks and why, when it is not the one asked for; said once
+  // after the welcome. Empty, or no function, says nothing.
+  std::function<std::string()> voiceNotice;
   std::string programDirectory;
   // Change the working directory to the program's directory (the real program only).
   bool enterProgramDirectory = false;

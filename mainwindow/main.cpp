@@ -6,7 +6,7 @@
 
 #include "mainwindow/form1.h"
 #include "mainwindow/qt_platform.h"
-#include "speech/qt_voice.h"
+#include "speech/voice_starter.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -20,10 +20,11 @@ int main(int argc, char** argv) {
   platform.messages = &messages;
   platform.programDirectory = QCoreApplication::applicationDirPath().toStdString();
   platform.enterProgramDirectory = true;
-  // The engine takes seconds to start: it starts now and is collected at its step of the start.
+  // The engine starts now, on a thread of its own, and is collected at its step of the start.
   VoiceStarter voice(
       settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", ""), std::cout);
   platform.createVoice = [&voice] { return voice.Take(); };
+  platform.voiceNotice = [&voice] { return voice.Notice(); };
   Form1 form(platform);
   form.Form_Load();
   form.show();
