@@ -86,53 +86,118 @@ std::unique_ptr<SpeechdVoice> SpeechdVoice::Open(FallbackMaker makeFallback, std
   // A write to a connection that the daemon has just closed must fail, not end the program.
   std::signal(SIGPIPE, SIG_IGN);
   std::unique_ptr<SpeechdVoice> voice(new SpeechdVoice(std::move(makeFallback), textOut));
-  if (!voice->Connect(&why)) return nullptr;
-  const int rate = spd_get_voice_rate(AsConn(voice->connection_));
-  voice->rate_ = std::clamp((rate >= 0 ? rate + 5 : rate - 5) / 10, -10, 10);
-  char* module = spd_get_output_module(AsConn(voice->connection_));
-  voice->listModule_ = module ? module : "";
-  std::free(module);
   SpeechdVoice* v = voice.get();
-  voice->lister_ = std::thread([v] { v->ListVoices(); });
+  if (v->Connect(false, nullptr)) {
+    const int rate = spd_get_voice_rate(AsConn(v->connection_));
+    v->rate_ = std::clamp((rate >= 0 ? rate + 5 : rate - 5) / 10, -10, 10);
+    char* module = spd_get_output_module(AsConn(v->connection_));
+    v->listModule_ = module ? module : "";
+    std::free(module);
+  } else if (!OnPath("speech-dispatcher")) {
+    why = "speech-dispatcher is not installed";
+    return nullptr;
+  } else {
+    // The daemon is not running. Starting it takes seconds (it lists every voice of every
+    // language), so it starts on a thread while espeak-ng, the synthesizer behind Debian's
+    // speech-dispatcher, says the first texts directly.
+    v->Fallback();
+    if (v->fallbackIsText_) {
+      if (!v->Connect(true, &why)) return nullptr;
+    } else {
+      v->listModule_ = "espeak-ng";
+      v->spawning_ = true;
+      v->spawner_ = std::thread([v] {
+        std::shared_ptr<Events> events;
+        void* c = OpenConnection(true, v->language_, events, nullptr);
+        std::lock_guard lock(v->spawnMutex_);
+        v->spawned_ = c;
+        v->spawnedEvents_ = std::move(events);
+        v->spawnDone_ = true;
+      });
+    }
+  }
+  v->lister_ = std::thread([v] { v->ListVoices(); });
   return voice;
 }
 
 SpeechdVoice::~SpeechdVoice() {
   if (lister_.joinable()) lister_.join();
+  if (spawner_.joinable()) spawner_.join();
+  TakeSpawned();
   Disconnect();
 }
 
-bool SpeechdVoice::Connect(std::string* why) {
+void* SpeechdVoice::OpenConnection(bool autospawn, const std::string& language,
+                                   std::shared_ptr<Events>& events, std::string* why) {
   char* error = nullptr;
   SPDConnection* c =
-      spd_open2("quillmere", "main", nullptr, SPD_MODE_THREADED, nullptr, 1, &error);
+      spd_open2("quillmere", "main", nullptr, SPD_MODE_THREADED, nullptr, autospawn, &error);
   if (c == nullptr) {
     if (why) {
       *why = OnPath("speech-dispatcher") ? "speech-dispatcher could not be reached"
                                          : "speech-dispatcher is not installed";
     }
-    std::cerr << "speech-dispatcher: " << (error ? error : "no connection") << std::endl;
+    if (autospawn) {
+      std::cerr << "speech-dispatcher: " << (error ? error : "no connection") << std::endl;
+    }
     std::free(error);
-    return false;
+    return nullptr;
   }
   std::free(error);
   c->callback_begin = OnEvent;
   c->callback_end = OnEvent;
   c->callback_cancel = OnEvent;
-  events_ = std::make_shared<Events>();
+  events = std::make_shared<Events>();
   {
     std::lock_guard lock(gRegistryMutex);
-    gRegistry[static_cast<std::size_t>(spd_get_client_id(c))] = events_;
+    gRegistry[static_cast<std::size_t>(spd_get_client_id(c))] = events;
   }
   spd_set_notification_on(c, SPD_BEGIN);
   spd_set_notification_on(c, SPD_END);
   spd_set_notification_on(c, SPD_CANCEL);
   spd_set_punctuation(c, SPD_PUNCT_NONE);
-  spd_set_language(c, language_.c_str());
-  if (!voiceName_.empty()) spd_set_synthesis_voice(c, voiceName_.c_str());
-  if (rateSet_) spd_set_voice_rate(c, rate_ * 10);
-  connection_ = c;
+  spd_set_language(c, language.c_str());
+  return c;
+}
+
+bool SpeechdVoice::Connect(bool autospawn, std::string* why) {
+  std::shared_ptr<Events> events;
+  void* c = OpenConnection(autospawn, language_, events, why);
+  if (!c) return false;
+  Adopt(c, std::move(events));
   return true;
+}
+
+void SpeechdVoice::Adopt(void* c, std::shared_ptr<Events> events) {
+  if (!voiceName_.empty()) spd_set_synthesis_voice(AsConn(c), voiceName_.c_str());
+  if (rateSet_) spd_set_voice_rate(AsConn(c), rate_ * 10);
+  connection_ = c;
+  events_ = std::move(events);
+}
+
+// The connection that the spawning thread made, once it is there.
+void SpeechdVoice::TakeSpawned() {
+  if (!spawning_) return;
+  void* c = nullptr;
+  std::shared_ptr<Events> events;
+  {
+    std::lock_guard lock(spawnMutex_);
+    if (!spawnDone_) return;
+    c = spawned_;
+    events = std::move(spawnedEvents_);
+    spawned_ = nullptr;
+  }
+  spawning_ = false;
+  if (spawner_.joinable()) spawner_.join();
+  if (c) {
+    Adopt(c, std::move(events));
+  } else {
+    spawnFailed_ = true;
+    // Said once, after the text under way, in the voice that speaks instead.
+    notice_ = "The voice you hear is " +
+              std::string(fallbackIsText_ ? "text on standard output" : "espeak-ng") +
+              ", because speech-dispatcher could not be started.";
+  }
 }
 
 void SpeechdVoice::Disconnect() {
@@ -224,9 +289,12 @@ void SpeechdVoice::SetRate(int rate) {
 
 Voice& SpeechdVoice::Fallback() {
   if (!fallback_) {
-    if (lister_.joinable()) lister_.join();  // the library may list for it
+    if (lister_.joinable() && lister_.get_id() != std::this_thread::get_id()) lister_.join();
     if (makeFallback_) fallback_ = makeFallback_();
-    if (!fallback_) fallback_ = std::make_unique<TextVoice>(textOut_);
+    if (!fallback_) {
+      fallback_ = std::make_unique<TextVoice>(textOut_);
+      fallbackIsText_ = true;
+    }
     fallback_->SetRate(rate_);
   }
   return *fallback_;
@@ -269,9 +337,11 @@ void SpeechdVoice::Speak(const std::string& text, int flags) {
   const bool sync = flags != SVSFlagsAsync;
   const long long budget = SpeechBudgetMs(said, rate_);
 
-  for (int attempt = 0; attempt < 2; ++attempt) {
+  TakeSpawned();
+  for (int attempt = 0; attempt < 2 && !spawning_; ++attempt) {
     if (!connection_) {
-      if (!Connect(nullptr)) break;
+      // After a failed start of the daemon, only a daemon started by someone else is taken up.
+      if (!Connect(!spawnFailed_, nullptr)) break;
       ++reconnects_;
     }
     if (punctuation) spd_set_punctuation(AsConn(connection_), SPD_PUNCT_ALL);
@@ -315,6 +385,11 @@ void SpeechdVoice::Speak(const std::string& text, int flags) {
     }
   }
   Fallback().Speak(text, flags);
+  if (!notice_.empty()) {
+    const std::string notice = std::move(notice_);
+    notice_.clear();
+    Fallback().Speak(notice, SVSFDefault);
+  }
 }
 
 }  // namespace quillmere

@@ -51,7 +51,12 @@ class SpeechdVoice : public Voice {
 
  private:
   SpeechdVoice(FallbackMaker makeFallback, std::ostream& textOut);
-  bool Connect(std::string* why);
+  // A connection set up for this voice (notifications, punctuation, language), or null.
+  static void* OpenConnection(bool autospawn, const std::string& language,
+                              std::shared_ptr<Events>& events, std::string* why);
+  bool Connect(bool autospawn, std::string* why);
+  void Adopt(void* connection, std::shared_ptr<Events> events);
+  void TakeSpawned();
   void Disconnect();
   bool Alive();
   void ListVoices();
@@ -63,6 +68,7 @@ class SpeechdVoice : public Voice {
   FallbackMaker makeFallback_;
   std::ostream& textOut_;
   std::unique_ptr<Voice> fallback_;
+  bool fallbackIsText_ = false;
   void* connection_ = nullptr;  // the library's SPDConnection, a type it names only by typedef
   std::shared_ptr<Events> events_;
   std::string language_;  // as told to the daemon: "en-US", "de"
@@ -71,6 +77,16 @@ class SpeechdVoice : public Voice {
   std::string voiceName_;  // chosen by SetVoice; empty for the daemon's own choice
   int reconnects_ = 0;
   std::vector<std::pair<int, long long>> pending_;  // asynchronous texts not yet ended, budgets
+
+  // The daemon being started by a thread of ours; until it answers, the fallback speaks.
+  std::thread spawner_;
+  bool spawning_ = false;
+  bool spawnFailed_ = false;
+  std::mutex spawnMutex_;
+  bool spawnDone_ = false;
+  void* spawned_ = nullptr;
+  std::shared_ptr<Events> spawnedEvents_;
+  std::string notice_;  // why the fallback speaks, when the daemon could not be started
 
   // The voices are listed on a thread of their own, so that the first word does not wait.
   std::thread lister_;
