@@ -175,7 +175,8 @@ void EspeakVoice::Speak(const std::string& text, int flags) {
   Post(std::move(job));
   if (!sync) return;
   std::unique_lock lock(mutex_);
-  const bool finished = cv_.wait_for(lock, std::chrono::milliseconds(limitMs), [&] { return *done != 0; });
+  const bool finished =
+      cv_.wait_for(lock, std::chrono::milliseconds(limitMs), [&] { return *done != 0; });
   const bool said = finished && *done == 1;
   lock.unlock();
   if (!finished) {

@@ -3,8 +3,8 @@
 // speech-dispatcher is missing or cannot be reached. Linux only.
 //
 // All calls of the library happen on one thread of the voice's own, which says the queued texts one
-// after the other. A synchronous Speak waits for its own text with a time limit in proportion to the
-// texts ahead of it; a text that the library cannot say is written to the text output instead.
+// after the other. A synchronous Speak waits for its own text with a time limit in proportion to
+// the texts ahead of it; a text that the library cannot say is written to the text output instead.
 
 #include <condition_variable>
 #include <deque>

@@ -306,8 +306,7 @@ SpeechdVoice::Outcome SpeechdVoice::WaitFor(int id, long long limitMs, bool& beg
   const auto msg = static_cast<std::size_t>(id);
   std::unique_lock lock(events_->m);
   for (;;) {
-    const auto slice =
-        std::min(deadline, Clock::now() + std::chrono::milliseconds(kProbeEveryMs));
+    const auto slice = std::min(deadline, Clock::now() + std::chrono::milliseconds(kProbeEveryMs));
     events_->cv.wait_until(lock, slice, [&] {
       auto it = events_->state.find(msg);
       return it != events_->state.end() && it->second == 2;

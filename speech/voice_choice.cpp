@@ -111,7 +111,8 @@ VoiceChoice ChooseVoice(const std::string& setting, const std::vector<std::strin
     } else {
       EngineStart started = start(engine);
       if (!started.voice) {
-        std::string why = started.why.empty() ? EngineWords(engine) + " did not start" : started.why;
+        std::string why =
+            started.why.empty() ? EngineWords(engine) + " did not start" : started.why;
         std::cerr << "Speech: " << why << "." << std::endl;
         reasons += (reasons.empty() ? "" : ", and ") + why;
         continue;
@@ -122,10 +123,10 @@ VoiceChoice ChooseVoice(const std::string& setting, const std::vector<std::strin
     break;
   }
   if (choice.engine != order.front()) {
-    choice.notice = choice.engine == "text"
-                        ? "Speech is written as text, because " + reasons + "."
-                        : "The voice you hear is " + EngineWords(choice.engine) + ", because " +
-                              reasons + ".";
+    choice.notice =
+        choice.engine == "text"
+            ? "Speech is written as text, because " + reasons + "."
+            : "The voice you hear is " + EngineWords(choice.engine) + ", because " + reasons + ".";
   }
   return choice;
 }

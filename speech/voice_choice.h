@@ -1,8 +1,8 @@
 #pragma once
 // Which speech engine speaks: the order in which the engines are tried, the first that starts, and
-// the sentence that tells the user, once, which engine speaks and why. Also the voices of the user's
-// language, which are all that VT offers. Standard library only; the engines themselves are handed
-// in, so tests use doubles.
+// the sentence that tells the user, once, which engine speaks and why. Also the voices of the
+// user's language, which are all that VT offers. Standard library only; the engines themselves are
+// handed in, so tests use doubles.
 
 #include <functional>
 #include <memory>

@@ -67,7 +67,10 @@ TEST(ChooseVoice, TheFirstEngineThatStartsSpeaksAndOnlyAFallbackIsAnnounced) {
     const char* notice;
   } cases[] = {
       {"", {}, {"speechd"}, "speechd", ""},
-      {"", {{"speechd", "speech-dispatcher is not installed"}}, {"speechd", "espeak"}, "espeak",
+      {"",
+       {{"speechd", "speech-dispatcher is not installed"}},
+       {"speechd", "espeak"},
+       "espeak",
        "The voice you hear is espeak-ng, because speech-dispatcher is not installed."},
       {"",
        {{"speechd", "speech-dispatcher could not be reached"},
@@ -77,9 +80,15 @@ TEST(ChooseVoice, TheFirstEngineThatStartsSpeaksAndOnlyAFallbackIsAnnounced) {
        "Speech is written as text, because speech-dispatcher could not be reached, and espeak-ng "
        "could not start."},
       {"espeak", {}, {"espeak"}, "espeak", ""},
-      {"espeak", {{"espeak", "espeak-ng could not start"}}, {"espeak", "speechd"}, "speechd",
+      {"espeak",
+       {{"espeak", "espeak-ng could not start"}},
+       {"espeak", "speechd"},
+       "speechd",
        "The voice you hear is speech-dispatcher, because espeak-ng could not start."},
-      {"flite", {{"flite", "the flite engine is not installed"}}, {"flite", "speechd"}, "speechd",
+      {"flite",
+       {{"flite", "the flite engine is not installed"}},
+       {"flite", "speechd"},
+       "speechd",
        "The voice you hear is speech-dispatcher, because the flite engine is not installed."},
       {"text", {}, {}, "text", ""},
   };
@@ -148,9 +157,8 @@ TEST(VoicesOfLanguage, OnlyTheUsersLanguageEachOnceInTheEnginesOrder) {
       {"English_(Caribbean)", "EN_029"},
   };
   EXPECT_EQ(VoicesOfLanguage(voices, "en"),
-            (std::vector<std::string>{"English (Great Britain)",
-                                      "English (Received Pronunciation)", "English (America)",
-                                      "English_(Caribbean)"}));
+            (std::vector<std::string>{"English (Great Britain)", "English (Received Pronunciation)",
+                                      "English (America)", "English_(Caribbean)"}));
   EXPECT_EQ(VoicesOfLanguage(voices, "e"), std::vector<std::string>{});
   EXPECT_EQ(VoicesOfLanguage(voices, "el"), std::vector<std::string>{"Greek"});
   EXPECT_EQ(VoicesOfLanguage(voices, "xx"), std::vector<std::string>{});

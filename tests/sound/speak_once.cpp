@@ -50,8 +50,7 @@ int main(int argc, char** argv) {
             << voice->GetDescription() << "\", " << voice->GetVoices().size()
             << " voices of the user's language" << std::endl;
   if (!starter.Notice().empty()) std::cerr << "Notice: " << starter.Notice() << std::endl;
-  const std::string wanted =
-      engine.empty() ? quillmere::PlatformEngineOrder().front() : engine;
+  const std::string wanted = engine.empty() ? quillmere::PlatformEngineOrder().front() : engine;
 
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const auto a = Clock::now();
