@@ -25,7 +25,7 @@ int WordsPerMinute(int rate) {
   return std::clamp(static_cast<int>(std::lround(wpm)), 80, 450);
 }
 
-std::mutex gLibraryMutex;  // the library's voice list and its start are not thread-safe
+std::mutex gLibraryMutex;  // the library is not thread-safe: one call at a time
 
 // The language tags of a voice: a list of (priority byte, text, NUL), ended by a zero byte.
 std::vector<std::string> Languages(const espeak_VOICE* v) {
@@ -99,6 +99,7 @@ void EspeakVoice::Run() {
   }
   std::string description;
   if (ok) {
+    std::lock_guard lib(gLibraryMutex);
     espeak_VOICE spec{};
     const std::string tag = EngineLanguage();
     spec.languages = tag.c_str();
@@ -124,6 +125,7 @@ void EspeakVoice::Run() {
       queue_.pop_front();
     }
     bool said = true;
+    std::unique_lock lib(gLibraryMutex);  // a voice list asked for meanwhile waits
     if (job.kind == Job::Voice) {
       espeak_SetVoiceByName(voices_[job.value].c_str());
     } else if (job.kind == Job::Rate) {
@@ -134,6 +136,7 @@ void EspeakVoice::Run() {
                           espeakCHARS_UTF8, nullptr, nullptr) == EE_OK;
       if (job.punctuation) espeak_SetParameter(espeakPUNCTUATION, espeakPUNCT_NONE, 0);
     }
+    lib.unlock();
     {
       std::lock_guard lock(mutex_);
       pendingMs_ -= job.budgetMs;
