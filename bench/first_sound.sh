@@ -7,7 +7,8 @@
 #
 # The program runs with QT_QPA_PLATFORM=offscreen (set QT_QPA_PLATFORM to use another), in a
 # private home, so with default settings. Needs speech-dispatcher, pulseaudio, pulseaudio-utils and
-# python3; run ./scripts/run.sh or ./scripts/test.sh once first to build and install them.
+# python3; run ./scripts/run.sh or ./scripts/test.sh once first to build and install them. With the
+# daemon to be started, the first words come from espeak-ng directly while the daemon starts.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/.." && pwd)
@@ -69,7 +70,7 @@ run_set() {  # name, prepare-command
   for ((i = 1; i <= runs; i++)); do
     $prepare
     t=$(measure)
-    echo "  $name, start $i: $t s"
+    echo "  $name, start $i: $t s" >&2
     [ "$t" = silence ] || results+=("$t")
   done
   echo "$name: median $(printf '%s\n' "${results[@]}" | median) s of ${#results[@]} starts with sound (of $runs)"
@@ -79,8 +80,8 @@ daemon_running() { [ -S "$(spd_socket)" ] || spd_start; sleep 0.5; }
 daemon_absent() { spd_stop; sleep 0.3; }
 
 echo "First sound after the start of $program ($QT_QPA_PLATFORM, $(nproc) cores)"
-running=$(run_set "daemon running" daemon_running | tee /dev/stderr | tail -n 1)
-spawned=$(run_set "daemon spawned" daemon_absent | tee /dev/stderr | tail -n 1)
+running=$(run_set "daemon running" daemon_running)
+spawned=$(run_set "daemon spawned" daemon_absent)
 echo
 echo "$running"
 echo "$spawned"
