@@ -213,6 +213,16 @@ void SpeechdVoice::Disconnect() {
   pending_.clear();
 }
 
+std::vector<SpeechdVoice::Pending> SpeechdVoice::Orphans() {
+  std::vector<Pending> never;
+  if (!events_) return never;
+  std::lock_guard lock(events_->m);
+  for (const Pending& p : pending_) {
+    if (!events_->state.count(static_cast<std::size_t>(p.id))) never.push_back(p);
+  }
+  return never;
+}
+
 bool SpeechdVoice::Alive() {
   if (!connection_) return false;
   char* reply = nullptr;
@@ -337,18 +347,31 @@ void SpeechdVoice::Speak(const std::string& text, int flags) {
   const long long budget = SpeechBudgetMs(said, rate_);
 
   TakeSpawned();
+  // Asynchronous texts that a lost daemon never began: said again, ahead of this one.
+  std::vector<Pending> orphans;
+  const auto lose = [&] {
+    std::vector<Pending> lost = Orphans();
+    orphans.insert(orphans.end(), lost.begin(), lost.end());
+    Disconnect();
+  };
   for (int attempt = 0; attempt < 2 && !spawning_; ++attempt) {
     if (!connection_) {
       // After a failed start of the daemon, only a daemon started by someone else is taken up.
       if (!Connect(!spawnFailed_, nullptr)) break;
       ++reconnects_;
     }
+    while (!orphans.empty()) {
+      const int again = spd_say(AsConn(connection_), SPD_MESSAGE, orphans.front().text.c_str());
+      if (again < 0) break;
+      pending_.push_back({again, orphans.front().budget, orphans.front().text});
+      orphans.erase(orphans.begin());
+    }
     if (punctuation) spd_set_punctuation(AsConn(connection_), SPD_PUNCT_ALL);
     const int id = spd_say(AsConn(connection_), SPD_MESSAGE, said.c_str());
     if (punctuation && id >= 0) spd_set_punctuation(AsConn(connection_), SPD_PUNCT_NONE);
     if (id < 0) {  // the daemon has gone: a new connection, and the text again
       std::cerr << "speech-dispatcher: the connection was lost; opening a new one." << std::endl;
-      Disconnect();
+      lose();
       continue;
     }
 
@@ -356,14 +379,14 @@ void SpeechdVoice::Speak(const std::string& text, int flags) {
     long long ahead = 0;
     {
       std::lock_guard lock(events_->m);
-      std::erase_if(pending_, [&](const auto& p) {
-        auto it = events_->state.find(static_cast<std::size_t>(p.first));
+      std::erase_if(pending_, [&](const Pending& p) {
+        auto it = events_->state.find(static_cast<std::size_t>(p.id));
         return it != events_->state.end() && it->second == 2;
       });
     }
-    for (const auto& p : pending_) ahead += p.second;
+    for (const Pending& p : pending_) ahead += p.budget;
     if (!sync) {
-      pending_.emplace_back(id, budget);
+      pending_.push_back({id, budget, said});
       return;
     }
     bool begun = false;
@@ -378,11 +401,12 @@ void SpeechdVoice::Speak(const std::string& text, int flags) {
         break;
       case Outcome::Lost:
         std::cerr << "speech-dispatcher: the connection was lost while speaking." << std::endl;
-        Disconnect();
-        if (begun) return;
+        lose();
+        if (begun) return;  // all that was queued before it had begun too
         break;
     }
   }
+  for (const Pending& p : orphans) Fallback().Speak(p.text, SVSFlagsAsync);
   Fallback().Speak(text, flags);
   if (!notice_.empty()) {
     const std::string notice = std::move(notice_);

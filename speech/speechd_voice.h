@@ -76,7 +76,15 @@ class SpeechdVoice : public Voice {
   bool rateSet_ = false;
   std::string voiceName_;  // chosen by SetVoice; empty for the daemon's own choice
   int reconnects_ = 0;
-  std::vector<std::pair<int, long long>> pending_;  // asynchronous texts not yet ended, budgets
+  // Asynchronous texts not known to have ended: message id, time limit, the text as sent.
+  struct Pending {
+    int id;
+    long long budget;
+    std::string text;
+  };
+  std::vector<Pending> pending_;
+  // Those of pending_ that never began, to be said again when the connection was lost.
+  std::vector<Pending> Orphans();
 
   // The daemon being started by a thread of ours; until it answers, the fallback speaks.
   std::thread spawner_;

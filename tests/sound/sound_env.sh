@@ -105,7 +105,7 @@ sound_env_end() {
   rec_stop
   spd_stop
   timeout 5 pulseaudio --kill 2>/dev/null
-  if [ -s "$sound_work/run/pulse/pid" ]; then kill -9 "$(cat "$sound_work/run/pulse/pid")" 2>/dev/null; fi
+  if [ -s "$sound_work/run/pulse/pid" ]; then kill -9 "$(cat "$sound_work/run/pulse/pid" 2>/dev/null)" 2>/dev/null; fi
   rm -rf "$sound_work"
   sound_work=
 }

@@ -3,7 +3,7 @@
 // platform's first) was chosen; 3 if another engine or the text voice speaks instead. The main
 // thread never runs an event loop: the engines must do without one there.
 //
-//   speak_once [--engine NAME] [--pause-after-first SECONDS] [--async-first] [TEXT...]
+//   speak_once [--engine NAME] [--pause-after-first SECONDS] [TEXT...]
 //
 // With --pause-after-first, it waits that long after the first text (a test kills and restarts
 // the daemon then) and says "ready" on standard error when the pause begins.
