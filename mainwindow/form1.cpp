@@ -253,6 +253,9 @@ void Form1::Form_Load() {
 
   // 5: the voice and the list of voices.
   voice_ = platform_.createVoice();
+  if (platform_.voiceNotice) {
+    if (std::string notice = platform_.voiceNotice(); !notice.empty()) AddStartupNotice(notice);
+  }
   speaker_ = std::make_unique<Speaker>(*voice_, [] { QCoreApplication::processEvents(); });
   p_.VoiceNames = voice_->GetVoices();
 

@@ -37,6 +37,9 @@ struct Form1Platform {
   SettingsStore* settings = nullptr;
   MessageBoxes* messages = nullptr;
   std::function<std::unique_ptr<Voice>()> createVoice;
+  // After createVoice: which engine speaks and why, when it is not the one asked for; said once
+  // after the welcome. Empty, or no function, says nothing.
+  std::function<std::string()> voiceNotice;
   // The working directory, where reports are written.
   std::string programDirectory;
   // Where the mode file and the help files are looked for; none given: the program's directory.

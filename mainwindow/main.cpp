@@ -9,7 +9,7 @@
 #include "folders/folders.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/qt_platform.h"
-#include "speech/qt_voice.h"
+#include "speech/voice_starter.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
@@ -34,10 +34,11 @@ int main(int argc, char** argv) {
   platform.dataFolders = {UserFolder(folderEnv),
                           {InstalledDataFolder(programFolder), programFolder}};
   platform.enterProgramDirectory = true;
-  // The engine takes seconds to start: it starts now and is collected at its step of the start.
+  // The engine starts now, on a thread of its own, and is collected at its step of the start.
   VoiceStarter voice(
       settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", ""), std::cout);
   platform.createVoice = [&voice] { return voice.Take(); };
+  platform.voiceNotice = [&voice] { return voice.Notice(); };
   Form1 form(platform);
   if (!folder.notice.empty()) form.AddStartupNotice(folder.notice);
   // Said after the answer to the command whose change could not be stored.

@@ -3,15 +3,19 @@
 set -euo pipefail
 
 QUILLMERE_PACKAGES=(
-  build-essential cmake ninja-build clang-format
+  build-essential cmake ninja-build clang-format pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-speech-dev qt6-declarative-dev libqt6texttospeech6
   qt6-speech-speechd-plugin qt6-speech-flite-plugin libxkbcommon-dev libgl-dev
-  libgtest-dev libgmock-dev libbenchmark-dev liberfa-dev pkg-config libmpfr-dev
+  libgtest-dev libgmock-dev libbenchmark-dev liberfa-dev libmpfr-dev
+  # What makes the program speak on Linux: speech-dispatcher with its espeak-ng module, and the
+  # client libraries the voice is built on (libspeechd; libespeak-ng, which speaks when the daemon
+  # is missing or cannot be reached).
+  speech-dispatcher speech-dispatcher-espeak-ng libspeechd-dev libespeak-ng-dev espeak-ng-data
 )
 
-# What the proof of real sound needs (the test speech_makes_sound): the speech daemon with its
-# espeak-ng module, an audio server to give it a sink, and tools to record and measure. Installed on
-# demand by that test, not by every build.
+# What the proofs of real sound need besides (the tests speech_makes_sound and speech_sound_*): an
+# audio server to give the daemon a sink, and tools to record and measure. Installed on demand by
+# those tests, not by every build.
 QUILLMERE_SOUND_PACKAGES=(speech-dispatcher speech-dispatcher-espeak-ng pulseaudio pulseaudio-utils sox)
 
 # What only the tests need: reading back the forecast's calendar files.

@@ -18,22 +18,13 @@
 #include <mutex>
 #include <optional>
 
+#include "speech/budget.h"
 #include "speech/punctuation.h"
 #include "speech/text_voice.h"
 
 namespace quillmere {
 
 namespace {
-
-// How long one text may take, counted by the engine's thread from the moment it is handed over.
-// espeak at the default rate says about fifteen characters a second, at rate -10 less than half.
-long long BudgetMs(const std::string& text, int rate) {
-  std::size_t chars = 0;
-  for (unsigned char c : text) chars += (c & 0xC0) != 0x80;
-  const double slower = 1.0 + 0.15 * std::max(0, -rate);
-  const double ms = 4000.0 + 150.0 * slower * static_cast<double>(chars);
-  return static_cast<long long>(std::min(ms, 3600000.0));  // an hour: a QTimer takes an int
-}
 
 constexpr int kErrorGraceMs = 500;      // an engine in error may still return to Ready
 constexpr int kStopLimitMs = 3000;      // for the engine's thread to end
@@ -257,7 +248,7 @@ void QtVoice::Speak(const std::string& text, int flags) {
 
   Engine::Request r;
   r.text = QString::fromStdString(flags == SVSFNLPSpeakPunc ? PronouncePunctuation(text) : text);
-  r.budgetMs = BudgetMs(r.text.toStdString(), rate_);
+  r.budgetMs = SpeechBudgetMs(r.text.toStdString(), rate_);
   const bool sync = flags != SVSFlagsAsync;
   if (sync) r.done = std::make_shared<QSemaphore>(0);
   // The wait covers whatever is queued ahead of this text as well as the text itself.
@@ -302,27 +293,6 @@ std::string DefaultSpeechEngine() {
 #else
   return "speechd";
 #endif
-}
-
-VoiceStarter::VoiceStarter(const std::string& SpeechEngine, std::ostream& textOut)
-    : textOut_(textOut), name_(QString::fromStdString(SpeechEngine).toLower().toStdString()) {
-  if (name_ == "text") return;
-  voice_ = std::make_unique<QtVoice>(name_.empty() ? DefaultSpeechEngine() : name_, textOut_);
-}
-
-VoiceStarter::~VoiceStarter() = default;
-
-std::unique_ptr<Voice> VoiceStarter::Take(int limitMs) {
-  if (voice_ && voice_->WaitReady(limitMs)) return std::move(voice_);
-  if (voice_) {
-    std::cerr << voice_->Error() << " Speech goes to standard output as text." << std::endl;
-    voice_.reset();
-  }
-  return std::make_unique<TextVoice>(textOut_);
-}
-
-std::unique_ptr<Voice> CreateVoice(const std::string& SpeechEngine, std::ostream& textOut) {
-  return VoiceStarter(SpeechEngine, textOut).Take();
 }
 
 }  // namespace quillmere

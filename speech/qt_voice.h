@@ -66,23 +66,4 @@ std::string DefaultSpeechEngine();
 // needs about two seconds to list its voices.
 inline constexpr int kVoiceReadyLimitMs = 8000;
 
-// Starts a voice at once and hands it over later, so that the engine's start overlaps other work.
-// "text" (any case) gives the text voice; empty, the platform's engine; any other name, that
-// QtTextToSpeech engine. An engine that is missing, in error or not ready in time gives the text
-// voice, and a line on standard error says why.
-class VoiceStarter {
- public:
-  VoiceStarter(const std::string& SpeechEngine, std::ostream& textOut);
-  ~VoiceStarter();
-  std::unique_ptr<Voice> Take(int limitMs = kVoiceReadyLimitMs);
-
- private:
-  std::ostream& textOut_;
-  std::string name_;
-  std::unique_ptr<QtVoice> voice_;
-};
-
-// VoiceStarter and Take in one.
-std::unique_ptr<Voice> CreateVoice(const std::string& SpeechEngine, std::ostream& textOut);
-
 }  // namespace quillmere

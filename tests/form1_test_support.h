@@ -66,11 +66,14 @@ class Form1Test : public ::testing::Test {
       voice = v.get();
       return v;
     };
+    platform.voiceNotice = [this] { return voiceNotice; };
     form = std::make_unique<Form1>(platform);
     form->Form_Load();
     form->Timer1_Timer();
     return *form;
   }
+  // What the voice's start says after the welcome (which engine speaks and why); empty: nothing.
+  std::string voiceNotice;
   void Tick(int seconds) {
     clock.now += seconds / 86400.0;
     form->Timer1_Timer();

@@ -27,6 +27,15 @@ class MainWindow : public testing::Form1Test {
   }
 };
 
+TEST_F(MainWindow, SaysWhichEngineSpeaksOnceAfterTheWelcome) {
+  voiceNotice = "The voice you hear is espeak-ng, because speech-dispatcher is not installed.";
+  Start();
+  EXPECT_EQ(voice->calls, (std::vector<Call>{{testing::kWelcome, 0}, {voiceNotice, 0}}));
+  voice->calls.clear();
+  Tick(1);
+  EXPECT_EQ(Said("VR"), "Speech Rate  2");
+}
+
 TEST_F(MainWindow, StartsTicksAndCloses) {
   std::filesystem::create_directories(dir / "empty");
   Form1& f = Start(dir / "empty");  // no mode file, no help

@@ -1,18 +1,24 @@
 #!/usr/bin/env bash
-# Proves that the platform's engine makes sound through our voice: PulseAudio with a null sink in a
-# private runtime directory, speech-dispatcher, one sentence said synchronously by speak_once, and a
-# recording of the sink's monitor that must hold at least a second of speech.
+# Proves with real sound what the voice does: PulseAudio with a null sink in a private runtime
+# directory, speech-dispatcher on it, texts said by speak_once, and recordings of the sink's monitor.
 #
-#   check_speech_sound.sh PATH/TO/speak_once
+#   check_speech_sound.sh PATH/TO/speak_once CASE
 #
-# Exit 0: sound was recorded. Exit 77: the packages could not be installed here (said on the way
-# out). Anything else: failure, with the daemons' logs. Every step has a time limit.
+# CASE:
+#   speaks        one sentence through speech-dispatcher makes at least a second of sound
+#   sync_waits    a synchronous text returns at the end of its own speech, not before
+#   restart       the daemon killed and started again between two texts: the second is heard
+#   other_client  a sentence another client queues during our closing words is heard in full
+#   espeak        without speech-dispatcher, espeak-ng speaks, and says why
+#
+# Exit 0: as it should be. Exit 77: the packages could not be installed here (said on the way out).
+# Anything else: failure, with the daemons' logs. Every step has a time limit.
 set -uo pipefail
 
-speak_once=${1:?usage: check_speech_sound.sh PATH/TO/speak_once}
+speak_once=${1:?usage: check_speech_sound.sh PATH/TO/speak_once CASE}
+case_name=${2:-speaks}
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "$here/../.." && pwd)
-min_seconds=1.0
 
 skip() {
   echo "SKIPPED: $*"
@@ -22,79 +28,133 @@ skip() {
 if ! timeout 600 bash -c "source '$root/scripts/deps.sh' && quillmere_install_sound_deps"; then
   skip "the sound packages (speech-dispatcher, espeak-ng, PulseAudio, sox) could not be installed"
 fi
-for tool in pulseaudio pactl parecord speech-dispatcher sox soxi; do
+for tool in pulseaudio pactl parecord speech-dispatcher sox soxi spd-say; do
   command -v "$tool" >/dev/null || skip "$tool is missing after the installation"
 done
 
-work=$(mktemp -d /tmp/quillmere-sound.XXXXXX)
-mkdir -p "$work/run" "$work/home" "$work/log"
-chmod 700 "$work/run"
-export XDG_RUNTIME_DIR=$work/run HOME=$work/home
-unset PULSE_SERVER PULSE_SINK SPEECHD_ADDRESS DBUS_SESSION_BUS_ADDRESS
-rec_pid=
-
-cleanup() {
-  [ -n "$rec_pid" ] && kill -INT "$rec_pid" 2>/dev/null
-  if [ -s "$work/spd.pid" ]; then kill "$(cat "$work/spd.pid")" 2>/dev/null; fi
-  timeout 5 pulseaudio --kill 2>/dev/null
-  if [ -s "$work/run/pulse/pid" ]; then kill -9 "$(cat "$work/run/pulse/pid")" 2>/dev/null; fi
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
+source "$here/sound_env.sh"
 fail() {
   echo "FAILED: $*"
-  for log in "$work"/log/*; do
-    [ -s "$log" ] || continue
-    echo "--- $(basename "$log") (last lines)"
-    tail -n 15 "$log"
-  done
+  sound_logs
   exit 1
 }
-
-wait_for() {  # seconds, command...
-  local limit=$(($1 * 10))
-  shift
-  for ((i = 0; i < limit; i++)); do
-    "$@" >/dev/null 2>&1 && return 0
-    sleep 0.1
-  done
-  return 1
+at_least() {  # value, minimum
+  awk -v s="$1" -v m="$2" 'BEGIN { exit !(s + 0 >= m + 0) }'
 }
 
-# PulseAudio refuses root in user mode only with a warning; the null sink is its only sink.
-timeout 20 pulseaudio -n --daemonize=yes --exit-idle-time=-1 --disallow-exit \
-  --log-target="file:$work/log/pulseaudio.log" -L module-native-protocol-unix \
-  -L "module-null-sink sink_name=ci_sink" || fail "PulseAudio did not start"
-wait_for 10 timeout 2 pactl info || fail "PulseAudio does not answer"
+sound_env_begin || fail "PulseAudio did not start"
+work=$sound_work
 
-# -t: the daemon ends by itself a minute after its last client, should the cleanup be missed.
-timeout 20 speech-dispatcher -d -t 60 -P "$work/spd.pid" -L "$work/log" ||
-  fail "speech-dispatcher did not start"
-wait_for 10 test -S "$XDG_RUNTIME_DIR/speech-dispatcher/speechd.sock" ||
-  fail "speech-dispatcher made no socket"
+# Says its texts; the output of speak_once goes to the log and to standard output.
+speak() {  # name, arguments...
+  local name=$1
+  shift
+  timeout 120 "$speak_once" "$@" >"$work/log/$name.out" 2>&1
+  local status=$?
+  cat "$work/log/$name.out"
+  return $status
+}
 
-# Without a short latency parecord loses most of a short recording.
-timeout 180 parecord --latency-msec=20 -d ci_sink.monitor --file-format=wav --rate=16000 \
-  --channels=1 "$work/rec.wav" &
-rec_pid=$!
-wait_for 5 test -s "$work/rec.wav" || fail "parecord wrote nothing"
+# Records what the command makes heard, with half a second after it; prints the seconds of speech.
+heard() {  # name, command...
+  local name=$1
+  shift
+  rec_start "$work/$name.wav" || fail "parecord wrote nothing" >&2
+  "$@" >&2
+  local status=$?
+  sleep 0.5
+  rec_stop
+  [ "$status" -eq 0 ] || fail "$name: the command ended with status $status" >&2
+  sound_seconds "$work/$name.wav"
+}
 
-timeout 120 "$speak_once" --engine speechd >"$work/log/speak_once.out" 2>&1
-status=$?
-cat "$work/log/speak_once.out"
-[ "$status" -eq 0 ] || fail "speak_once ended with status $status"
+closing="Quillmere Speech Edition Closing."
+other="This sentence comes from another program, and it must be heard to its very last word."
 
-sleep 0.5
-kill -INT "$rec_pid"
-timeout 10 tail --pid="$rec_pid" -f /dev/null
-rec_pid=
+case "$case_name" in
+speaks)
+  spd_start || fail "speech-dispatcher did not start"
+  s=$(heard speaks speak speaks --engine speechd)
+  echo "Recorded ${s} s of speech."
+  at_least "$s" 1.0 || fail "less than 1.0 s of speech in the recording"
+  ;;
 
-timeout 30 sox "$work/rec.wav" "$work/speech.wav" silence 1 0.05 1% reverse silence 1 0.05 1% \
-  reverse || fail "sox could not read the recording"
-recorded=$(soxi -D "$work/rec.wav")
-speech=$(soxi -D "$work/speech.wav" 2>/dev/null || echo 0)
-echo "Recorded ${recorded} s, of which ${speech} s between the first and the last sound."
-awk -v s="$speech" -v m="$min_seconds" 'BEGIN { exit !(s + 0 >= m + 0) }' ||
-  fail "less than ${min_seconds} s of speech in the recording"
-echo "The engine spoke."
+sync_waits)
+  spd_start || fail "speech-dispatcher did not start"
+  speak warm --engine speechd "Ready." >/dev/null || fail "speak_once failed"
+  s=$(heard sync speak sync --engine speechd \
+    "Jupiter elevation 23.4. Jupiter Right Ascension 12 hours and 34 minutes. Io Phase 123.45.")
+  took=$(sed -n 's/^Speak 1: \([0-9]*\) ms$/\1/p' "$work/log/sync.out")
+  echo "Speak returned after ${took} ms; ${s} s of speech were recorded."
+  at_least "$s" 2.0 || fail "less than 2.0 s of speech in the recording"
+  # The first sound comes some tens of milliseconds after the call: it cannot return earlier than
+  # the speech lasted, less a little.
+  at_least "$((took))" "$(awk -v s="$s" 'BEGIN { printf "%d", s * 1000 - 150 }')" ||
+    fail "the synchronous text returned before its speech had ended"
+  ;;
+
+restart)
+  spd_start || fail "speech-dispatcher did not start"
+  speak_log=$work/log/restart.out
+  timeout 120 "$speak_once" --engine speechd --pause-after-first 4 "First." \
+    "This is the second text, said after the restart." >"$speak_log" 2>&1 &
+  speaker=$!
+  sound_wait_for 30 grep -q '^ready$' "$speak_log" || fail "the first text was not said"
+  spd_stop
+  spd_start || fail "speech-dispatcher did not start again"
+  rec_start "$work/restart.wav" || fail "parecord wrote nothing"
+  wait "$speaker"
+  status=$?
+  sleep 0.5
+  rec_stop
+  cat "$speak_log"
+  [ "$status" -eq 0 ] || fail "speak_once ended with status $status"
+  s=$(sound_seconds "$work/restart.wav")
+  echo "After the restart ${s} s of speech were recorded."
+  at_least "$s" 1.5 || fail "the text after the restart was not heard"
+  ;;
+
+other_client)
+  spd_start || fail "speech-dispatcher did not start"
+  speak warm --engine speechd "Ready." >/dev/null || fail "speak_once failed"
+  alone_closing=$(heard closing speak closing --engine speechd "$closing")
+  alone_other=$(heard other timeout 60 spd-say -w "$other")
+  echo "Alone: the closing words ${alone_closing} s, the other sentence ${alone_other} s."
+  both() {
+    speak both --engine speechd "$closing" &
+    local ours=$!
+    sleep 0.4  # our closing words are being said
+    timeout 60 spd-say -w "$other"
+    wait "$ours"
+  }
+  s=$(heard both both)
+  echo "Together: ${s} s of speech."
+  need=$(awk -v a="$alone_closing" -v b="$alone_other" 'BEGIN { print a + b - 0.3 }')
+  at_least "$s" "$need" || fail "the other client's sentence was cut short (${s} s < ${need} s)"
+  grep -q "CANCEL" "$work/log/speech-dispatcher.log" 2>/dev/null &&
+    fail "speech-dispatcher was asked to cancel"
+  ;;
+
+espeak)
+  # No daemon running, and none on the PATH: as if speech-dispatcher were not installed.
+  # speak_once ends with status 3: the engine that speaks is not the first one tried.
+  without_daemon() {
+    env PATH=/nonexistent "$speak_once" "Welcome to Quillmere Speech Edition. For Help Press F1." \
+      >"$work/log/espeak.out" 2>&1
+    [ $? -eq 3 ]
+  }
+  s=$(heard espeak without_daemon)
+  cat "$work/log/espeak.out"
+  grep -q "engine espeak" "$work/log/espeak.out" || fail "espeak-ng did not speak"
+  grep -q "because speech-dispatcher is not installed" "$work/log/espeak.out" ||
+    fail "the user is not told why espeak-ng speaks"
+  echo "Recorded ${s} s of speech."
+  at_least "$s" 1.0 || fail "less than 1.0 s of speech in the recording"
+  ;;
+
+*)
+  echo "Unknown case $case_name"
+  exit 2
+  ;;
+esac
+echo "PASSED: $case_name"
