@@ -42,6 +42,8 @@ class Form1Test : public ::testing::Test {
           ("form1_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
     std::filesystem::create_directories(dir);
     std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    std::ofstream(dir / "SpkHlp.txt") << "Normal help.\n";
+    std::ofstream(dir / "PredictHlp.txt") << "Prediction help.\n";
     Store({{"Latitude", " 30"}, {"Longitude", " 80"}});
     settings.writes.clear();
   }
