@@ -238,6 +238,33 @@ TEST_F(MainWindow, VersionAndPredictionModeByKeyboard) {
   EXPECT_EQ(form->state().PredictMode, 0);
 }
 
+TEST_F(MainWindow, AReadingOrReportPastTheLastDateIsRefusedWithOneMessage) {
+  Start();
+  const struct {
+    const char *date, *days;
+  } cases[] = {{"12/25/9999", "12"}, {"07/05/2006", "1e308"}, {"07/05/2006", "1e400"}};
+  for (const auto& c : cases) {
+    for (const char* typed : {"p", "t", c.date, "d", c.days}) Type(typed);
+    for (const char* command : {"sr", "r"}) {
+      messages.shown.clear();
+      EXPECT_EQ(Said(command), "Date Out of Range.") << c.date << " " << c.days << " " << command;
+      EXPECT_EQ(voice->Texts().size(), 1u) << command;
+      EXPECT_EQ(messages.shown,
+                std::vector<std::string>{std::string(testing::kApp) + "|Date Out of Range."});
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir / "99991225JP.TXT"));
+  EXPECT_FALSE(std::filesystem::exists(dir / "20060705JP.TXT"));
+  // Seven days from 12/25/9999 can be read, but their report would end a day later.
+  for (const char* typed : {"t", "12/25/9999", "d", "7"}) Type(typed);
+  EXPECT_EQ(Said("sr"), "Date Out of Range.");
+  // Six days read from 12/25/9999 end on the last date there is: no refusal.
+  for (const char* typed : {"t", "12/25/9999", "d", "6"}) Type(typed);
+  messages.shown.clear();
+  EXPECT_EQ(Said("r"), "");
+  EXPECT_EQ(messages.shown, std::vector<std::string>{});
+}
+
 TEST_F(MainWindow, ReadingDaysAloudAndSavingAReport) {
   Start();
   for (const char* typed : {"p", "t", "07/05/2006", "d", "2"}) Type(typed);
