@@ -1,8 +1,9 @@
 #pragma once
 // Helpers shared by the storm model's tests: a scratch directory, files in it, a recording UI.
 
-#include <unistd.h>
+#include <stdlib.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -13,14 +14,19 @@
 
 namespace quillmere::testing {
 
+// A folder of its own, made by the system under a name no other process can have, so tests
+// run side by side never share or delete each other's files.
+inline std::filesystem::path MakeUniqueDir(const std::string& prefix) {
+  std::string pattern = (std::filesystem::temp_directory_path() / (prefix + "XXXXXX")).string();
+  if (!::mkdtemp(pattern.data()))
+    throw std::filesystem::filesystem_error("mkdtemp", pattern,
+                                            std::error_code(errno, std::generic_category()));
+  return pattern;
+}
+
 class ScratchDir {
  public:
-  ScratchDir() {
-    path_ = std::filesystem::temp_directory_path() /
-            ("quillmere-test-" + std::to_string(::getpid()) + "-" + std::to_string(next_++));
-    std::filesystem::remove_all(path_);
-    std::filesystem::create_directories(path_);
-  }
+  ScratchDir() : path_(MakeUniqueDir("quillmere-test-")) {}
   ~ScratchDir() {
     std::error_code ec;
     std::filesystem::remove_all(path_, ec);
@@ -40,7 +46,6 @@ class ScratchDir {
   std::string Path(const std::string& name = "") const { return (path_ / name).string(); }
 
  private:
-  static inline int next_ = 0;
   std::filesystem::path path_;
 };
 
