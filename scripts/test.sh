@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds everything and runs the whole test suite: the style check, the tests of the release
-# build, and the tests again under AddressSanitizer and UndefinedBehaviorSanitizer.
+# build, and the whole program's tests again (windows, info server, command-line tool) under
+# AddressSanitizer and UndefinedBehaviorSanitizer. Tests run side by side on every core; each
+# test process works in a folder of its own.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/deps.sh
@@ -12,7 +14,9 @@ clang-format --dry-run --Werror "${sources[@]}"
 
 for preset in release sanitize; do
   echo "== $preset"
+  start=$SECONDS
   cmake --preset "$preset" >/dev/null
   cmake --build --preset "$preset"
   ctest --preset "$preset" -j "$(nproc)"
+  echo "== $preset: $((SECONDS - start)) s"
 done
