@@ -22,7 +22,8 @@ JISSettings ReadJISSettings(const SettingsStore& store, const std::string& AppTi
   j.JISIP = store.GetSetting(AppTitle, "Settings", "JISIP", "127.0.0.1");
   j.JISPortText = store.GetSetting(AppTitle, "Settings", "JISPort", "4711");
   j.JISPort = Stored16(j.JISPortText);
-  j.JISMin = Stored16(store.GetSetting(AppTitle, "Settings", "JISMin", "10"));
+  j.JISMinText = store.GetSetting(AppTitle, "Settings", "JISMin", "10");
+  j.JISMin = Stored16(j.JISMinText);
   return j;
 }
 

@@ -290,6 +290,15 @@ void Form1::Form_Load() {
       AddStartupNotice(std::string("The stored ") + sw.key + " \"" + sw.text +
                        "\" is not a number from -32768 to 32767, " + sw.meaning);
   }
+  // With pushing on, a period that is no number of minutes pushes on every tick.
+  if (jis_.settings.PushJIS) {
+    const std::string& text = jis_.settings.JISMinText;
+    const double v = IsNumeric(text) ? RoundHalfEven(Val(text)) : NAN;
+    if (!(v >= 0 && v <= 32767))
+      AddStartupNotice("The stored JISMin \"" + text +
+                       "\" is not a number of minutes from 0 to 32767, so records are pushed "
+                       "every second.");
+  }
   if (jis_.settings.RunJIS) jis_.StartJIS();
 
   // 17 to 20.

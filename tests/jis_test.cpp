@@ -274,25 +274,32 @@ TEST_F(JisService, AFailedStartIsToldOnceAndTheProgramRuns) {
   }
   // A switch that is no number is told once, after the welcome; the service stays off.
   const struct {
-    const char *key, *text, *said;
+    std::map<std::string, std::string> stored;
+    const char* said;
   } switches[] = {
-      {"RunJIS", "True",
+      {{{"RunJIS", "True"}},
        "The stored RunJIS \"True\" is not a number from -32768 to 32767, so the info server does "
        "not start."},
-      {"RunJIS", "1e9",
+      {{{"RunJIS", "1e9"}},
        "The stored RunJIS \"1e9\" is not a number from -32768 to 32767, so the info server does "
        "not start."},
-      {"PushJIS", "yes",
+      {{{"PushJIS", "yes"}},
        "The stored PushJIS \"yes\" is not a number from -32768 to 32767, so no records are "
        "pushed."},
+      {{{"PushJIS", "1"}, {"JISMin", "abc"}},
+       "The stored JISMin \"abc\" is not a number of minutes from 0 to 32767, so records are "
+       "pushed every second."},
+      {{{"PushJIS", "1"}, {"JISMin", "-5"}},
+       "The stored JISMin \"-5\" is not a number of minutes from 0 to 32767, so records are "
+       "pushed every second."},
   };
   for (const auto& sw : switches) {
     settings = MemorySettings();
-    Store({{sw.key, sw.text}});
+    Store(sw.stored);
     Start();
-    EXPECT_EQ(voice->Texts(), (std::vector<std::string>{kWelcome, sw.said})) << sw.text;
+    EXPECT_EQ(voice->Texts(), (std::vector<std::string>{kWelcome, sw.said})) << sw.said;
     Tick(1);
-    EXPECT_EQ(voice->Texts().size(), 2u) << "told once";
+    EXPECT_EQ(voice->Texts().size(), 2u) << "told once: " << sw.said;
     form.reset();
   }
   settings = MemorySettings();
