@@ -1,8 +1,10 @@
 #include "cli/args.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "textutil/date_time.h"
 #include "textutil/latlng.h"
@@ -22,6 +24,33 @@ std::optional<double> Decimal(const std::string& text) {
   if (*end != '\0' || !std::isfinite(v) || text.find_first_of("xXnN") != std::string::npos)
     return std::nullopt;
   return v;
+}
+
+// Each field of a colon form is a number: digits, with a decimal point (a comma too in the last
+// field, as the program reads it) and a sign only before the first. Anything else would be
+// read as 0 and give a place nobody typed.
+bool ColonFieldsAreNumbers(const std::string& text) {
+  size_t start = 0;
+  for (int field = 0;; ++field) {
+    const size_t end = std::min(text.find(':', start), text.size());
+    const bool last = end == text.size();
+    size_t i = start;
+    if (field == 0 && i < end && (text[i] == '-' || text[i] == '+')) ++i;
+    size_t digits = 0, points = 0;
+    for (; i < end; ++i) {
+      const char c = text[i];
+      if (c >= '0' && c <= '9') {
+        ++digits;
+      } else if (c == '.' || (c == ',' && last)) {
+        ++points;
+      } else {
+        return false;
+      }
+    }
+    if (digits == 0 || points > 1) return false;
+    if (last) return true;
+    start = end + 1;
+  }
 }
 
 }  // namespace
@@ -55,13 +84,22 @@ std::optional<std::string> Args::Optional(const std::string& name) const {
 }
 
 double ParseInstant(const std::string& option, const std::string& text, bool dateAlone) {
-  int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0, used = 0;
-  const bool full = std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d%n", &y, &mo, &d, &h, &mi, &s,
-                                &used) == 6 &&
-                    used == static_cast<int>(text.size()) && text.size() == 19;
-  const bool date = !full && dateAlone &&
-                    std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &mo, &d, &used) == 3 &&
-                    used == static_cast<int>(text.size()) && text.size() == 10;
+  // Digits where the pattern has them and nothing else: scanf alone would take "-1" for an hour.
+  const auto shaped = [&text](const char* pattern) {
+    const std::string_view p(pattern);
+    if (text.size() != p.size()) return false;
+    for (size_t i = 0; i < p.size(); ++i) {
+      const bool digit = text[i] >= '0' && text[i] <= '9';
+      if (p[i] == '9' ? !digit : text[i] != p[i]) return false;
+    }
+    return true;
+  };
+  int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0;
+  const bool full =
+      shaped("9999-99-99T99:99:99") &&
+      std::sscanf(text.c_str(), "%4d-%2d-%2dT%2d:%2d:%2d", &y, &mo, &d, &h, &mi, &s) == 6;
+  const bool date = !full && dateAlone && shaped("9999-99-99") &&
+                    std::sscanf(text.c_str(), "%4d-%2d-%2d", &y, &mo, &d) == 3;
   if (!full && !date)
     Bad(option, text,
         dateAlone ? "expected YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS (UT)"
@@ -75,6 +113,8 @@ double ParseInstant(const std::string& option, const std::string& text, bool dat
 
 float ParseLatitude(const std::string& option, const std::string& text) {
   if (text.find(':') != std::string::npos) {
+    if (!ColonFieldsAreNumbers(text))
+      Bad(option, text, "not a number in degrees:minutes[:seconds]");
     std::string s = text;
     const float v = TextToLat(s);
     if (v == kLatLongError) Bad(option, text, "out of range -90 to 90");
@@ -88,6 +128,8 @@ float ParseLatitude(const std::string& option, const std::string& text) {
 
 float ParseLongitude(const std::string& option, const std::string& text) {
   if (text.find(':') != std::string::npos) {
+    if (!ColonFieldsAreNumbers(text))
+      Bad(option, text, "not a number in degrees:minutes[:seconds]");
     std::string s = text;
     const float v = TextToLong(s);
     if (v == kLatLongError) Bad(option, text, "out of range 0 to 360");
@@ -96,7 +138,9 @@ float ParseLongitude(const std::string& option, const std::string& text) {
   const auto v = Decimal(text);
   if (!v) Bad(option, text, "not a number");
   if (*v < -360 || *v > 360) Bad(option, text, "out of range -360 to 360");
-  return static_cast<float>(*v);
+  // East of Greenwich as in the colon form: -75.5 is 284.5 west, so sidereal time stays within
+  // a day.
+  return static_cast<float>(*v < 0 ? 360 + *v : *v);
 }
 
 }  // namespace quillmere::cli

@@ -116,9 +116,10 @@ const char* const kObserverHelp =
     "  --lat L     observer latitude in degrees, north positive; decimal (41.5) or\n"
     "              degrees:minutes[:seconds] (41:30, -41:30:00)\n"
     "  --long L    observer longitude in degrees, WEST positive (80 is 80 degrees west);\n"
-    "              decimal, or degrees:minutes[:seconds] where a leading '-' means east\n"
-    "              (-75:30 is stored as 284.5)\n"
+    "              decimal or degrees:minutes[:seconds], where a leading '-' means east\n"
+    "              (-75.5 and -75:30 are both stored as 284.5)\n"
     "  --json      one JSON object; numbers print their exact binary value\n"
+
     "  --ephemeris E  classic (the default: the program's own orbit model) or precise\n"
     "              (apparent places from liberfa, IAU 2015 System III, Io by Meeus ch. 44)\n";
 

@@ -38,9 +38,17 @@ inline bool Divide(double num, double den, double& quotient) {
 // sensible number of passes counts as a failed step.
 inline constexpr int kMaxFoldPasses = 1 << 20;
 
+// A pass moves a value by less than twice the step, rounding included: a value further out than
+// twice the step times the passes fails without running them (a stored longitude of 1e30 would
+// otherwise cost a million passes on every minute of a day's tables).
+inline bool BeyondPasses(double distance, double step) {
+  return distance > 2 * step * kMaxFoldPasses;
+}
+
 template <typename Real>
 void FoldDown(Real& target, double limit, double step) {
   Real v = target;
+  if (BeyondPasses(v - limit, step)) return;
   for (int pass = 0; v > limit; ++pass) {
     if (pass == kMaxFoldPasses || !std::isfinite(v)) return;
     v = static_cast<Real>(v - step);
@@ -51,6 +59,7 @@ void FoldDown(Real& target, double limit, double step) {
 template <typename Real>
 void FoldUp(Real& target, double limit, double step) {
   Real v = target;
+  if (BeyondPasses(limit - v, step)) return;
   for (int pass = 0; v < limit; ++pass) {
     if (pass == kMaxFoldPasses || !std::isfinite(v)) return;
     v = static_cast<Real>(v + step);

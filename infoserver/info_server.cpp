@@ -51,8 +51,8 @@ void InfoServer::StartJIS() {
   }
   // Port 0 would let the system pick one that no client knows.
   if (settings.JISPort <= 0) {
-    failure_ = start + "the port " + std::to_string(settings.JISPort) +
-               " is not a port number from 1 to 32767.";
+    failure_ = start + "the stored JISPort \"" + settings.JISPortText +
+               "\" is not a port number from 1 to 32767.";
     return;
   }
   if (!listener_.listen(address, static_cast<quint16>(settings.JISPort))) {

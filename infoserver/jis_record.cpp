@@ -15,11 +15,15 @@ int16_t Stored16(const std::string& text) {
 
 JISSettings ReadJISSettings(const SettingsStore& store, const std::string& AppTitle) {
   JISSettings j;
-  j.RunJIS = Stored16(store.GetSetting(AppTitle, "Settings", "RunJIS", "0"));
-  j.PushJIS = Stored16(store.GetSetting(AppTitle, "Settings", "PushJIS", "0"));
+  j.RunJISText = store.GetSetting(AppTitle, "Settings", "RunJIS", "0");
+  j.RunJIS = Stored16(j.RunJISText);
+  j.PushJISText = store.GetSetting(AppTitle, "Settings", "PushJIS", "0");
+  j.PushJIS = Stored16(j.PushJISText);
   j.JISIP = store.GetSetting(AppTitle, "Settings", "JISIP", "127.0.0.1");
-  j.JISPort = Stored16(store.GetSetting(AppTitle, "Settings", "JISPort", "4711"));
-  j.JISMin = Stored16(store.GetSetting(AppTitle, "Settings", "JISMin", "10"));
+  j.JISPortText = store.GetSetting(AppTitle, "Settings", "JISPort", "4711");
+  j.JISPort = Stored16(j.JISPortText);
+  j.JISMinText = store.GetSetting(AppTitle, "Settings", "JISMin", "10");
+  j.JISMin = Stored16(j.JISMinText);
   return j;
 }
 

@@ -16,6 +16,8 @@ struct JISSettings {
   std::string JISIP = "127.0.0.1";  // the one local address listened on
   int16_t JISPort = 4711;
   int16_t JISMin = 10;  // push period, minutes
+  // The texts as stored, to name the one at fault when the service cannot use it.
+  std::string RunJISText = "0", PushJISText = "0", JISPortText = "4711", JISMinText = "10";
 };
 
 // The five settings from section "Settings", in their order. A number that does not fit its

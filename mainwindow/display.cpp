@@ -78,8 +78,11 @@ void SetFixedTime(ProgramState& p, const EphemerisState& s) {
   p.FixedIoPhase = s.IoPhase;
 }
 
-std::string LmstCaption(float x) {
+std::optional<std::string> LmstCaption(float x) {
   const double H = Int(x);
+  // A time of day takes its hours as a 16-bit number: beyond that (a stored longitude of 1e30
+  // puts sidereal time there) nothing can be packed, and the label keeps what it showed.
+  if (!(H >= -32768 && H <= 32767)) return std::nullopt;
   float f = static_cast<float>(x - H);
   const double M = Int(static_cast<float>(f * 60.0f));
   // From here on 64-bit: f - M / 60 is not stored back into the 32-bit f.

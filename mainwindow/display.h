@@ -2,6 +2,7 @@
 // The words of every value label of the main window. What a label shows is also what the voice
 // reads back, so these texts are the program's answers.
 
+#include <optional>
 #include <string>
 
 #include "ephemeris/ephemeris_state.h"
@@ -21,8 +22,8 @@ void DisplayInfo(const ProgramState& p, const EphemerisState& s, Captions& c);
 // Copies the live values to the fixed copies.
 void SetFixedTime(ProgramState& p, const EphemerisState& s);
 
-// " LMST: HH:MM:SS" from sidereal time in hours.
-std::string LmstCaption(float x);
+// " LMST: HH:MM:SS" from sidereal time in hours; nothing when the hours do not fit 16 bits.
+std::optional<std::string> LmstCaption(float x);
 
 // The observer label: "Lat : ..." and "Long: ... W" (or " E"), joined by CR LF.
 std::string ObserverCaption(const ProgramState& p);

@@ -239,10 +239,12 @@ void Form1::Form_Load() {
   if (platform_.enterProgramDirectory)
     QDir::setCurrent(QString::fromStdString(platform_.programDirectory));
 
-  // 3: the help files. Before the voice exists a missing one can only be noted.
+  // 3: the help files. Before the voice exists a missing one can only be noted; it is said
+  // after the welcome, or F1 would be silent without a word of why.
   const auto loadHelp = [this](const char* name, const char* what) {
     const std::string path = DataFile(name);
-    if (!FileExists(path)) std::fprintf(stderr, "%s help file %s not found.\n", what, path.c_str());
+    if (!FileExists(path))
+      AddStartupNotice(std::string(what) + " help file " + path + " not found.");
     return LoadHelpLines(path);
   };
   help_.lines = loadHelp("SpkHlp.txt", "Speech");
@@ -266,9 +268,17 @@ void Form1::Form_Load() {
   p_.RealTime = -1;
 
   // 9: the mode file; its message holds up the start until it is closed.
+  // The box is not seen by everyone: its lines are said after the welcome as well.
   const ModeFileResult loaded = LoadModeFile(p_.ModeFileName, storm_.Modes);
-  if (loaded.error) platform_.messages->Show(loaded.error->title, loaded.error->text);
-  if (loaded.notice) platform_.messages->Show(loaded.notice->title, loaded.notice->text);
+  for (const auto& message : {loaded.error, loaded.notice}) {
+    if (!message) continue;
+    platform_.messages->Show(message->title, message->text);
+    for (size_t at = 0; at <= message->text.size();) {
+      const size_t end = std::min(message->text.find("\r\n", at), message->text.size());
+      if (end > at) AddStartupNotice(message->text.substr(at, end - at));
+      at = end + 2;
+    }
+  }
 
   // 10 to 13: the observer and the instant.
   p_.ObsLat =
@@ -288,6 +298,30 @@ void Form1::Form_Load() {
   // 15, 16: the info server. Start-up goes on without it if it cannot listen; the user hears
   // why after the welcome.
   jis_.LoadJISSettings(*platform_.settings, p_.AppTitle);
+  // A switch that reads as 0 for want of a number would keep the service quiet without a word.
+  const struct {
+    const char* key;
+    const std::string& text;
+    const char* meaning;
+  } switches[] = {
+      {"RunJIS", jis_.settings.RunJISText, "so the info server does not start."},
+      {"PushJIS", jis_.settings.PushJISText, "so no records are pushed."},
+  };
+  for (const auto& sw : switches) {
+    const double v = IsNumeric(sw.text) ? RoundHalfEven(Val(sw.text)) : NAN;
+    if (!(v >= -32768 && v <= 32767))
+      AddStartupNotice(std::string("The stored ") + sw.key + " \"" + sw.text +
+                       "\" is not a number from -32768 to 32767, " + sw.meaning);
+  }
+  // With pushing on, a period that is no number of minutes pushes on every tick.
+  if (jis_.settings.PushJIS) {
+    const std::string& text = jis_.settings.JISMinText;
+    const double v = IsNumeric(text) ? RoundHalfEven(Val(text)) : NAN;
+    if (!(v >= 0 && v <= 32767))
+      AddStartupNotice("The stored JISMin \"" + text +
+                       "\" is not a number of minutes from 0 to 32767, so records are pushed "
+                       "every second.");
+  }
   if (jis_.settings.RunJIS) jis_.StartJIS();
 
   // 17 to 20.
@@ -453,7 +487,8 @@ void Form1::DisplayTimes() {
                                                       {txtH, "hh"},   {txtN, "nn"}, {txtS, "ss"}};
   for (const auto& [box, pattern] : boxes)
     WriteText(box, QString::fromStdString(FormatDateTime(t, pattern)));
-  SetCaption(LBLLMST, LmstCaption(p_.RealTime ? s_.LMST : p_.FixedLMST));
+  if (const auto lmst = LmstCaption(p_.RealTime ? s_.LMST : p_.FixedLMST))
+    SetCaption(LBLLMST, *lmst);
 }
 
 void Form1::ArrangeDateBoxes() {

@@ -26,6 +26,13 @@ bool InRange(double v, double low, double high) {
   return v >= low && v <= high;
 }
 
+// A reading or a report that would step past the last date (or whose length is no number of
+// days) is refused before its first day, or it would end in one message per day and a file
+// without an end date.
+bool LastDayIsADate(double D0, double days) {
+  return std::isfinite(days) && SplitDateTime(D0 + Int(days)).has_value();
+}
+
 }  // namespace
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
@@ -294,6 +301,10 @@ void Form1::PutDateInBoxes(double day) {
 
 std::string Form1::ReadDays() {
   const double D0 = *StartDate();
+  if (!LastDayIsADate(D0, p_.PredictDuration - 1)) {
+    platform_.messages->Show(p_.AppTitle, kDateOutOfRange);
+    return kDateOutOfRange;
+  }
   storm_.ReportStart = D0;
   storm_.ReportEnd = D0 + p_.PredictDuration;
   const double E = D0 + p_.PredictDuration - 1;
@@ -312,6 +323,10 @@ std::string Form1::ReadDays() {
 
 std::string Form1::SaveReport() {
   const double D0 = *StartDate();
+  if (!LastDayIsADate(D0, p_.PredictDuration)) {
+    platform_.messages->Show(p_.AppTitle, kDateOutOfRange);
+    return kDateOutOfRange;
+  }
   storm_.ReportStart = D0;
   storm_.ReportEnd = D0 + p_.PredictDuration;
   GetForm3().DoReport();

@@ -10,8 +10,9 @@
 namespace quillmere {
 
 // The taken lines of a help file, then two empty elements. Lines of 0 to 2 characters and lines
-// that begin with two backslashes are dropped; at most 1001 lines are taken. A missing or
-// unreadable file gives 1001 empty elements.
+// that begin with two backslashes are dropped; at most 1001 lines are taken. A line longer than
+// 64 KB is cut there (at a whole character), and reading stops once the taken lines hold 4 MB.
+// A missing or unreadable file gives 1001 empty elements.
 std::vector<std::string> LoadHelpLines(const std::string& path);
 
 // True if `path` is a file that can be opened for reading.

@@ -196,17 +196,28 @@ QtVoice::QtVoice(const std::string& engine, std::ostream& fallbackOut)
   engine_->start();
 }
 
+namespace {
+
+// Engines whose thread has not ended yet. A running QThread must not be destroyed: one still
+// being built ends by itself once its engine exists (it sees `abandoned`), one that hangs inside
+// a call of its own may never end. Each is kept here, and freed by a later voice's end once its
+// thread has ended.
+std::vector<std::shared_ptr<QtVoice::Engine>>& EndingEngines() {
+  static auto* const engines = new std::vector<std::shared_ptr<QtVoice::Engine>>;
+  return *engines;
+}
+
+}  // namespace
+
 QtVoice::~QtVoice() {
+  auto& ending = EndingEngines();
+  std::erase_if(ending, [](const auto& e) { return e->isFinished(); });
   if (!engine_ || !engine_->isRunning()) return;
   engine_->abandoned = true;
-  // An engine that is still being built cannot be told to stop; one that hangs inside a call of its
-  // own does not stop. A running QThread must not be destroyed, so either is left to the end of
-  // the process.
+  // An engine still being built cannot be told to stop: no waiting for it here.
   const bool built = ready_ || engine_->built.tryAcquire(1, 0);
   engine_->quit();
-  if (!built || !engine_->wait(QDeadlineTimer(kStopLimitMs))) {
-    new std::shared_ptr<Engine>(std::move(engine_));
-  }
+  if (!built || !engine_->wait(QDeadlineTimer(kStopLimitMs))) ending.push_back(std::move(engine_));
 }
 
 bool QtVoice::WaitReady(int limitMs) {

@@ -119,6 +119,15 @@ void PredictionWindow::DoReport(const std::string& directory) {
 }
 
 void PredictionWindow::Report(bool typed, const std::string& directory) {
+  // Every day of the period must be a date, or the loop would show one message per day and
+  // write a header without its end date: refused before anything is written.
+  const double span = storm_.ReportEnd - storm_.ReportStart;
+  const double lastDay = storm_.ReportStart + (span > 0 ? Int(span) : 0);
+  if (!SplitDateTime(storm_.ReportStart) || !std::isfinite(span) || !SplitDateTime(lastDay)) {
+    ui_.ShowMessage(kDateOutOfRange);
+    if (typed) ui_.SpeakThis(kDateOutOfRange);
+    return;
+  }
   ReportRunning = -1;
   CmdCancelReportVisible = true;
   PredictTime = storm_.ReportStart;

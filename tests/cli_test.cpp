@@ -74,6 +74,17 @@ TEST(Cli, ColonFormsMeanTheSamePlace) {
   EXPECT_EQ(plain.out, colon.out);
 }
 
+TEST(Cli, ANegativeDecimalLongitudeIsEastAsInTheColonForm) {
+  const Result decimal = RunCli("instant --time 2006-07-05T12:00:00 --lat 30 --long -75.5 --json");
+  const Result colon = RunCli("instant --time 2006-07-05T12:00:00 --lat 30 --long -75:30 --json");
+  ASSERT_EQ(decimal.status, 0) << decimal.err;
+  EXPECT_EQ(decimal.out, colon.out);
+  const Result around = RunCli("instant --time 2006-07-05T12:00:00 --lat 30 --long -360 --json");
+  const Result zero = RunCli("instant --time 2006-07-05T12:00:00 --lat 30 --long 0 --json");
+  EXPECT_EQ(around.out, zero.out);
+  EXPECT_LT(std::stod(JsonValue(around.out, "LMST")), 24);
+}
+
 TEST(Cli, MinutesJsonHasFiveTablesOf1441Rows) {
   const Result r = RunCli("minutes --day 2006-07-05 --lat 30 --long 80 --json");
   ASSERT_EQ(r.status, 0) << r.err;
@@ -137,6 +148,24 @@ TEST(Cli, BadArgumentsGiveOneLineAndStatusTwo) {
       {"instant --time 2006-07-05T12:00:00 --lat 30 --long", "--long"},
       {"instant --time 2006-07-05T12:00:00 --lat 30 --long 80 --frobnicate", "--frobnicate"},
       {"minutes --day 20060705 --lat 30 --long 80", "--day"},
+      // Clock fields out of range, coordinates that are no numbers, NaN and infinities.
+      {"instant --time 2006-07-05T-1:00:00 --lat 30 --long 80", "--time"},
+      {"instant --time 2006-07-05T-9:-9:-9 --lat 30 --long 80", "--time"},
+      {"instant --time 2006-07-05T12:60:00 --lat 30 --long 80", "--time"},
+      {"instant --time 2006-07-05T12:00:60 --lat 30 --long 80", "--time"},
+      {"instant --time 2006-7-5T12:00:00 --lat 30 --long 80", "--time"},
+      {"instant --time +2006-07-05T12:00:0 --lat 30 --long 80", "--time"},
+      {"minutes --day 2006-07--5 --lat 30 --long 80", "--day"},
+      {"instant --time 2006-07-05T12:00:00 --lat abc:def --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30 --long xyz:1", "--long"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30:nan --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30: --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30:-5 --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat nan --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30 --long inf", "--long"},
+      {"instant --time 2006-07-05T12:00:00 --lat -Infinity --long 80", "--lat"},
+      {"instant --time 2006-07-05T12:00:00 --lat 30 --long 75:30:inf", "--long"},
+      {"predict --day 2006-07-05 --lat 30 --long 80 --jup-alt-min nan", "--jup-alt-min"},
   };
   for (const auto& c : cases) {
     const Result r = RunCli(c.args);

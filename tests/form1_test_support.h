@@ -12,6 +12,7 @@
 
 #include "mainwindow/form1.h"
 #include "speech/recording_voice.h"
+#include "storm_test_support.h"
 #include "textutil/date_time.h"
 
 namespace quillmere::testing {
@@ -38,10 +39,10 @@ class RecordedMessages : public MessageBoxes {
 class Form1Test : public ::testing::Test {
  protected:
   void SetUp() override {
-    dir = std::filesystem::path(::testing::TempDir()) /
-          ("form1_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-    std::filesystem::create_directories(dir);
+    dir = MakeUniqueDir("quillmere-form1-");
     std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    std::ofstream(dir / "SpkHlp.txt") << "Normal help.\n";
+    std::ofstream(dir / "PredictHlp.txt") << "Prediction help.\n";
     Store({{"Latitude", " 30"}, {"Longitude", " 80"}});
     settings.writes.clear();
   }

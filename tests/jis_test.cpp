@@ -249,9 +249,20 @@ TEST_F(JisService, AFailedStartIsToldOnceAndTheProgramRuns) {
        "The info server could not start: the address \"localhost\" is not a numeric address "
        "such as 127.0.0.1."},
       {"127.0.0.1", "0",
-       "The info server could not start: the port 0 is not a port number from 1 to 32767."},
+       "The info server could not start: the stored JISPort \"0\" is not a port number from 1 "
+       "to 32767."},
       {"127.0.0.1", "70000",
-       "The info server could not start: the port 0 is not a port number from 1 to 32767."},
+       "The info server could not start: the stored JISPort \"70000\" is not a port number "
+       "from 1 to 32767."},
+      {"127.0.0.1", "99999",
+       "The info server could not start: the stored JISPort \"99999\" is not a port number "
+       "from 1 to 32767."},
+      {"127.0.0.1", "abc",
+       "The info server could not start: the stored JISPort \"abc\" is not a port number from "
+       "1 to 32767."},
+      {"127.0.0.1", "-4711",
+       "The info server could not start: the stored JISPort \"-4711\" is not a port number "
+       "from 1 to 32767."},
   };
   for (const auto& c : cases) {
     Store({{"JISIP", c.ip}, {"JISPort", c.port}});
@@ -261,6 +272,37 @@ TEST_F(JisService, AFailedStartIsToldOnceAndTheProgramRuns) {
     EXPECT_TRUE(f.Timer1().isActive());
     form.reset();
   }
+  // A switch that is no number is told once, after the welcome; the service stays off.
+  const struct {
+    std::map<std::string, std::string> stored;
+    const char* said;
+  } switches[] = {
+      {{{"RunJIS", "True"}},
+       "The stored RunJIS \"True\" is not a number from -32768 to 32767, so the info server does "
+       "not start."},
+      {{{"RunJIS", "1e9"}},
+       "The stored RunJIS \"1e9\" is not a number from -32768 to 32767, so the info server does "
+       "not start."},
+      {{{"PushJIS", "yes"}},
+       "The stored PushJIS \"yes\" is not a number from -32768 to 32767, so no records are "
+       "pushed."},
+      {{{"PushJIS", "1"}, {"JISMin", "abc"}},
+       "The stored JISMin \"abc\" is not a number of minutes from 0 to 32767, so records are "
+       "pushed every second."},
+      {{{"PushJIS", "1"}, {"JISMin", "-5"}},
+       "The stored JISMin \"-5\" is not a number of minutes from 0 to 32767, so records are "
+       "pushed every second."},
+  };
+  for (const auto& sw : switches) {
+    settings = MemorySettings();
+    Store(sw.stored);
+    Start();
+    EXPECT_EQ(voice->Texts(), (std::vector<std::string>{kWelcome, sw.said})) << sw.said;
+    Tick(1);
+    EXPECT_EQ(voice->Texts().size(), 2u) << "told once: " << sw.said;
+    form.reset();
+  }
+  settings = MemorySettings();
   // Not asked to run: no service and no word about it.
   Store({{"RunJIS", "0"}, {"JISIP", "127.0.0.1"}, {"JISPort", p}});
   other.close();

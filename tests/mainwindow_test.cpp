@@ -42,7 +42,15 @@ TEST_F(MainWindow, StartsTicksAndCloses) {
   EXPECT_EQ(messages.shown,
             std::vector<std::string>{"FILE ERROR!|Error  53 Occurred Loading " +
                                      (dir / "empty").string() + "/UFMODES.JMF.\r\nFile Not Found"});
-  EXPECT_EQ(voice->calls, (std::vector<Call>{{testing::kWelcome, 0}}));
+  // What the boxes and the standard error stream would have told is said after the welcome.
+  const std::string empty = (dir / "empty").string();
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{
+                                testing::kWelcome,
+                                "Speech help file " + empty + "/SpkHlp.txt not found.",
+                                "Predict help file " + empty + "/PredictHlp.txt not found.",
+                                "Error  53 Occurred Loading " + empty + "/UFMODES.JMF.",
+                                "File Not Found",
+                            }));
   f.show();
   EXPECT_EQ(f.windowTitle().toStdString(), "Quillmere Speech Edition.  1.0.1");
   EXPECT_EQ(f.Caption("LBLOB"), "Lat : 30:00:00.0\r\nLong: 80:00:00.0 W");
@@ -244,6 +252,33 @@ TEST_F(MainWindow, VersionAndPredictionModeByKeyboard) {
   EXPECT_EQ(form->state().PredictMode, 0);
 }
 
+TEST_F(MainWindow, AReadingOrReportPastTheLastDateIsRefusedWithOneMessage) {
+  Start();
+  const struct {
+    const char *date, *days;
+  } cases[] = {{"12/25/9999", "12"}, {"07/05/2006", "1e308"}, {"07/05/2006", "1e400"}};
+  for (const auto& c : cases) {
+    for (const char* typed : {"p", "t", c.date, "d", c.days}) Type(typed);
+    for (const char* command : {"sr", "r"}) {
+      messages.shown.clear();
+      EXPECT_EQ(Said(command), "Date Out of Range.") << c.date << " " << c.days << " " << command;
+      EXPECT_EQ(voice->Texts().size(), 1u) << command;
+      EXPECT_EQ(messages.shown,
+                std::vector<std::string>{std::string(testing::kApp) + "|Date Out of Range."});
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(dir / "99991225JP.TXT"));
+  EXPECT_FALSE(std::filesystem::exists(dir / "20060705JP.TXT"));
+  // Seven days from 12/25/9999 can be read, but their report would end a day later.
+  for (const char* typed : {"t", "12/25/9999", "d", "7"}) Type(typed);
+  EXPECT_EQ(Said("sr"), "Date Out of Range.");
+  // Six days read from 12/25/9999 end on the last date there is: no refusal.
+  for (const char* typed : {"t", "12/25/9999", "d", "6"}) Type(typed);
+  messages.shown.clear();
+  EXPECT_EQ(Said("r"), "");
+  EXPECT_EQ(messages.shown, std::vector<std::string>{});
+}
+
 TEST_F(MainWindow, ReadingDaysAloudAndSavingAReport) {
   Start();
   for (const char* typed : {"p", "t", "07/05/2006", "d", "2"}) Type(typed);
@@ -427,9 +462,47 @@ TEST_F(MainWindow, ControlsAreNamedForScreenReaders) {
   EXPECT_TRUE(alert->isHidden());
 }
 
+TEST_F(MainWindow, StoredValuesFarOutOfRangeStartAndTick) {
+  // Read with Val and rounded to their fields: no step may overflow on the way to a caption.
+  const std::map<std::string, std::string> cases[] = {
+      {{"Longitude", "1e30"}},
+      {{"Latitude", "-1e38"}, {"Longitude", "3e38"}},
+      {{"Longitude", "-1e30"}, {"Latitude", "1e30"}},
+      {{"Longitude", "4e38"}, {"Latitude", "nan"}, {"DFormat", "1e9"}},
+  };
+  for (const auto& values : cases) {
+    Store(values);
+    Start();
+    Tick(1);
+    Tick(86400);  // a new day fills the day's marks again
+    EXPECT_EQ(voice->calls.front().text, testing::kWelcome);
+    EXPECT_FALSE(form->Caption("LBLOB").empty());
+    form.reset();
+  }
+  // 1e30 west puts sidereal time beyond any clock: the label keeps what it had.
+  Store({{"Latitude", " 30"}, {"Longitude", "1e30"}});
+  Start();
+  EXPECT_EQ(form->Caption("LBLLMST"), "");
+  EXPECT_EQ(Said("lmst"), "");
+}
+
 TEST(Display, Captions) {
-  EXPECT_EQ(LmstCaption(23.9999f), " LMST: 23:59:59");
-  EXPECT_EQ(LmstCaption(0), " LMST: 00:00:00");
+  const struct {
+    float hours;
+    std::optional<std::string> caption;
+  } lmst[] = {
+      {23.9999f, " LMST: 23:59:59"},
+      {0, " LMST: 00:00:00"},
+      {25.5f, " LMST: 01:30:00"},  // a western longitude below 0 leaves it above 24
+      {32767.5f, " LMST: 07:30:00"},
+      {-0.5f, " LMST: 23:30:00"},
+      {32768, std::nullopt},
+      {-32769, std::nullopt},
+      {-6.6666e28f, std::nullopt},
+      {std::numeric_limits<float>::infinity(), std::nullopt},
+      {std::numeric_limits<float>::quiet_NaN(), std::nullopt},
+  };
+  for (const auto& c : lmst) EXPECT_EQ(LmstCaption(c.hours), c.caption) << c.hours;
   ProgramState p;
   p.DisplayWest = "W";
   EXPECT_EQ(ObserverCaption(p), "Lat : 0:00:00.0\r\nLong: 0:00:00.0 W");

@@ -403,6 +403,37 @@ TEST(Report, SaveFailureIsSpoken) {
   EXPECT_TRUE(f.form3.CmdCancelReportVisible);
 }
 
+TEST(Report, APeriodPastTheLastDateIsRefusedBeforeAnythingIsWritten) {
+  const double last = Day(9999, 12, 31);
+  const struct {
+    double start, end;
+  } periods[] = {
+      {Day(9999, 12, 25), Day(9999, 12, 25) + 12},
+      {Day(2006, 7, 5), Day(2006, 7, 5) + 1e308},
+      {Day(2006, 7, 5), std::numeric_limits<double>::infinity()},
+      {Day(2006, 7, 5), std::numeric_limits<double>::quiet_NaN()},
+  };
+  for (const auto& p : periods) {
+    ReportFixture f;
+    f.storm.ReportStart = p.start;
+    f.storm.ReportEnd = p.end;
+    f.form3.DoReport(f.dir.Path());
+    EXPECT_EQ(f.ui.messages, std::vector<std::string>{"Date Out of Range."}) << p.end;
+    EXPECT_EQ(f.ui.spoken, std::vector<std::string>{"Date Out of Range."}) << p.end;
+    for (const auto& entry : std::filesystem::directory_iterator(f.dir.Path()))
+      EXPECT_FALSE(entry.path().string().ends_with("JP.TXT")) << entry.path();
+    EXPECT_EQ(f.form3.ReportRunning, 0);
+    EXPECT_EQ(f.form3.FFF, "");
+  }
+  // The last day itself, with a fraction beyond it, is still written.
+  ReportFixture f;
+  f.storm.ReportStart = last;
+  f.storm.ReportEnd = last + 0.5;
+  f.form3.DoReport(f.dir.Path());
+  EXPECT_EQ(f.ui.messages, std::vector<std::string>{});
+  EXPECT_TRUE(f.dir.Read("99991231JP.TXT").ends_with("End of Report\r\n\r\n"));
+}
+
 // Report options -------------------------------------------------------------------------------
 
 struct OptionsFixture : Fixture {

@@ -199,6 +199,32 @@ TEST(LoadHelpLines, MissingEmptyAndOverlongFiles) {
   EXPECT_TRUE(FileExists(dir.Path("many.txt")));
 }
 
+TEST(LoadHelpLines, LongLinesAreCutAtSixtyFourKilobytesAndAFileAtFourMegabytes) {
+  ScratchDir dir;
+  const std::size_t cut = 1 << 16;
+  // A line just at the room, one beyond it (cut, and the next line still found), one whose cut
+  // falls inside a two-byte character (the half character goes), one without any line end.
+  const std::string exact(cut, 'a');
+  const std::string longer = std::string(cut + 10, 'b');
+  const std::string split = std::string(cut - 1, 'c') + "\xC3\xA9" + "tail";
+  const auto lines =
+      LoadHelpLines(dir.File("long.txt", exact + "\r\n" + longer + "\nnext line\n" + split + "\n" +
+                                             std::string(3 * cut, 'd')));
+  ASSERT_EQ(lines.size(), 7u);
+  EXPECT_EQ(lines[0], exact);
+  EXPECT_EQ(lines[1], std::string(cut, 'b'));
+  EXPECT_EQ(lines[2], "next line");
+  EXPECT_EQ(lines[3], std::string(cut - 1, 'c'));
+  EXPECT_EQ(lines[4], std::string(cut, 'd'));
+
+  // 100 lines of 64 KB: reading stops once 4 MB are taken.
+  std::string big;
+  for (int i = 0; i < 100; ++i) big += std::string(cut, static_cast<char>('A' + i % 26)) + "\n";
+  const auto taken = LoadHelpLines(dir.File("big.txt", big));
+  EXPECT_EQ(taken.size(), 64u + 2);
+  EXPECT_EQ(taken[63], std::string(cut, static_cast<char>('A' + 63 % 26)));
+}
+
 struct HelpFixture : ::testing::Test {
   RecordingVoice voice;
   std::function<void()> onYield = [] {};

@@ -1,16 +1,13 @@
 #pragma once
 // Helpers shared by the storm model's tests: a scratch directory, files in it, a recording UI.
 
-#ifdef _WIN32
-#include <process.h>
-#define getpid _getpid
-#else
-#include <unistd.h>
-#endif
+#include <stdlib.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -18,14 +15,29 @@
 
 namespace quillmere::testing {
 
+// A folder of its own, made by the system under a name no other process can have, so tests
+// run side by side never share or delete each other's files.
+inline std::filesystem::path MakeUniqueDir(const std::string& prefix) {
+#ifdef _WIN32
+  // No mkdtemp here; create_directory says whether this call made the folder, so a name that
+  // another process took first is passed over.
+  std::random_device random;
+  for (;;) {
+    const auto path = std::filesystem::temp_directory_path() / (prefix + std::to_string(random()));
+    if (std::filesystem::create_directory(path)) return path;
+  }
+#else
+  std::string pattern = (std::filesystem::temp_directory_path() / (prefix + "XXXXXX")).string();
+  if (!::mkdtemp(pattern.data()))
+    throw std::filesystem::filesystem_error("mkdtemp", pattern,
+                                            std::error_code(errno, std::generic_category()));
+  return pattern;
+#endif
+}
+
 class ScratchDir {
  public:
-  ScratchDir() {
-    path_ = std::filesystem::temp_directory_path() /
-            ("quillmere-test-" + std::to_string(::getpid()) + "-" + std::to_string(next_++));
-    std::filesystem::remove_all(path_);
-    std::filesystem::create_directories(path_);
-  }
+  ScratchDir() : path_(MakeUniqueDir("quillmere-test-")) {}
   ~ScratchDir() {
     std::error_code ec;
     std::filesystem::remove_all(path_, ec);
@@ -45,7 +57,6 @@ class ScratchDir {
   std::string Path(const std::string& name = "") const { return (path_ / name).string(); }
 
  private:
-  static inline int next_ = 0;
   std::filesystem::path path_;
 };
 

@@ -103,10 +103,16 @@ TEST(DateTime, ComposeWithRollOver) {
     ASSERT_TRUE(v) << c.y << "-" << c.m << "-" << c.d;
     EXPECT_EQ(*v, c.value) << c.y << "-" << c.m << "-" << c.d;
   }
-  EXPECT_FALSE(DateSerial(10000, 1, 1));
-  EXPECT_FALSE(DateSerial(99, 12, 31));
-  EXPECT_FALSE(DateSerial(9999, 12, 32));
-  EXPECT_FALSE(DateSerial(2000000000, 1, 1));
+  // Whatever leaves the years 100 to 9999 is refused, also by way of a roll-over far beyond
+  // the years a calendar type can hold (the year 74 000 is not some year inside the range).
+  const long long outside[][3] = {
+      {10000, 1, 1},       {99, 12, 31},         {9999, 12, 32},    {2000000000, 1, 1},
+      {2000, 1, 26400000}, {2000, 1, -26400000}, {2000, 960000, 1}, {100, 1, 0},
+  };
+  for (const auto& o : outside) EXPECT_FALSE(DateSerial(o[0], o[1], o[2])) << o[0] << " " << o[2];
+  EXPECT_TRUE(DateSerial(100, 1, 1));
+  EXPECT_TRUE(DateSerial(9999, 12, 31));
+  EXPECT_TRUE(DateSerial(9000, 1, 365242));  // 999 years of roll-over that stay inside
   EXPECT_EQ(TimeSerial(12, 0, 0), 0.5);
   EXPECT_EQ(TimeSerial(0, 10, 0), 600.0 / 86400);
 }

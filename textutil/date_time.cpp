@@ -42,7 +42,11 @@ std::optional<double> DateSerial(long long year, long long month, long long day)
   if (y < kFirstYear - 1 || y > kLastYear + 1) return std::nullopt;
   const sys_days first = std::chrono::year{static_cast<int>(y)} / static_cast<unsigned>(m) / 1;
   const sys_days date = first + days{day - 1};
-  if (!InCalendar(year_month_day{date})) return std::nullopt;
+  // Compared as day counts: a year_month_day holds only years up to 32767, and a date beyond
+  // that would come back as some year inside the calendar.
+  constexpr sys_days kFirstDay = std::chrono::year{kFirstYear} / 1 / 1;
+  constexpr sys_days kLastDay = std::chrono::year{kLastYear} / 12 / 31;
+  if (date < kFirstDay || date > kLastDay) return std::nullopt;
   return static_cast<double>((date - kEpoch).count());
 }
 

@@ -18,9 +18,11 @@ std::string LongToText(float x);
 // decimal is given back whatever its size, for the caller to judge.
 float TextToLat(std::string& s);
 
-// As TextToLat, but a leading "-" means east of Greenwich in the colon forms ("-75:30" gives
-// 284.5) and a plain negative decimal stays negative. `s` is replaced by its trimmed form
-// without its sign. Colon forms out of 0..360 give kLatLongError.
+// Plain decimal degrees with a point only ("75.5"; "75,5" reads as 75) or the colon forms
+// "75:30" and "75:30:15,5", where the seconds may take a comma. A leading "-" means east of
+// Greenwich in the colon forms ("-75:30" gives 284.5), while a plain negative decimal stays
+// negative; a "+" is dropped. `s` is replaced by its trimmed form without its sign. Colon forms
+// out of 0..360 give kLatLongError; a plain decimal is given back whatever its size.
 float TextToLong(std::string& s);
 
 // Val of the text after each comma in it has become a point (in `s` too); empty text gives 0.
