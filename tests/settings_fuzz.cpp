@@ -34,6 +34,10 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   // Once before the inputs: what Qt and the font library set up at first use and keep for the
   // life of the process would otherwise count as a leak of the first input.
   quillmere::testing::StartWithSettingsFile(Dir(), "");
+  std::atexit([] {
+    std::error_code ec;
+    std::filesystem::remove_all(Dir(), ec);
+  });
   return 0;
 }
 
