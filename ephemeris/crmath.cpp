@@ -460,6 +460,7 @@ DD QuickAtan(DD t) {
 
 }  // namespace
 
+// sin x, x in radians: the quick road, or the long series where it cannot decide.
 double sin(double x) {
   if (x == 0 || !Reducible(x)) return x == 0 ? x : std::sin(x);  // keeps the sign of a zero
   int64_t k = 0;
@@ -472,6 +473,7 @@ double sin(double x) {
   return negative ? -y : y;
 }
 
+// cos x, x in radians, as sin.
 double cos(double x) {
   if (!Reducible(x)) return std::cos(x);
   int64_t k = 0;
@@ -484,6 +486,7 @@ double cos(double x) {
   return negative ? -y : y;
 }
 
+// sin x and cos x from one reduction, each the same as sin and cos give.
 void sincos(double x, double& sinX, double& cosX) {
   if (x == 0 || !Reducible(x)) {
     sinX = sin(x);
@@ -516,6 +519,7 @@ void sincos(double x, double& sinX, double& cosX) {
   }
 }
 
+// tan x, x in radians, as the quotient of sine and cosine in double-double arithmetic.
 double tan(double x) {
   if (x == 0 || !Reducible(x)) return x == 0 ? x : std::tan(x);
   int64_t k = 0;
@@ -529,6 +533,7 @@ double tan(double x) {
   return odd ? -Round(Div(C, S)) : Round(Div(S, C));
 }
 
+// atan x in radians, -π/2 to π/2.
 double atan(double x) {
   if (std::isnan(x)) return x;
   const double a = std::fabs(x);

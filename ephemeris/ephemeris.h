@@ -26,6 +26,7 @@ struct JulianDay {
 JulianDay JulianDayFromFields(double year, double month, double day, double hour, double minute,
                               double second);
 
+// One level of keeping T: SaveT copies T to SavedT, RestoreT puts it back.
 inline void SaveT(EphemerisState& s) {
   s.SavedT = s.T;
 }

@@ -1,3 +1,5 @@
+// What the rest of the program calls: everything for one instant, and the minute tables of a day.
+
 #include <cmath>
 
 #include "ephemeris/checked.h"
@@ -11,6 +13,9 @@ namespace quillmere {
 using checked::FoldDown;
 using checked::Store;
 
+// Every position field of s for s.T (UT), after ComputeSiderealTime for the same T: places,
+// central meridian, Io phase, altitudes and azimuths, rise and set, in that order. Hands over to
+// the precise ephemeris when the state asks for it.
 void ComputeInstant(EphemerisState& s, float ObsLat) {
 #ifdef QUILLMERE_PRECISE
   if (s.model == EphemerisModel::Precise) return PreciseInstant(s, ObsLat);
@@ -22,6 +27,13 @@ void ComputeInstant(EphemerisState& s, float ObsLat) {
   ComputeRiseSet(s, ObsLat);
 }
 
+// The minute tables of the UT day named by the whole days of `day`: everything is computed once at
+// 00:10:00 UT and then runs on by fixed rates, the places of the Sun and Jupiter standing still.
+// Per row: LMST steps by 0.016712298 hours (one minute of UT in sidereal hours) before it is
+// read, giving the whole-degree altitudes (rounded down) and Jupiter's hour angle in hours,
+// -12 to +12; the central meridian runs on by 0.6045389117618717 degrees and the Io phase by
+// 0.14132278123233466 degrees a minute, whole degrees, 0 to 360. LMST is put back, T restored
+// from the last SaveT.
 void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float ObsLat,
                       float ObsLong) {
 #ifdef QUILLMERE_PRECISE

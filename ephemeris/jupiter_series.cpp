@@ -1,6 +1,10 @@
+// Jupiter by a trigonometric series, for the central meridian only: the coordinates of the
+// display and the horizon come from the orbit model of positions.cpp, and the two are not mixed.
+
 #include <cmath>
 
 #include "ephemeris/checked.h"
+#include "ephemeris/constants.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/trig.h"
 #include "textutil/number_text.h"
@@ -9,14 +13,17 @@ namespace quillmere {
 
 using checked::Divide;
 using checked::Store;
+using classic::kDaysPerJulianCentury;
+using classic::kFullCircle;
+using classic::kPi;
 
 namespace {
 
-constexpr double kPi = 3.14159265358979;
-constexpr double kFullCircle = 6.28318530717958;
+// Seconds of arc in one radian, to the whole second: the series' coefficients are in seconds.
 constexpr double kArcsecondsPerRadian = 206265;
 
-// A fundamental argument: base + rate x t revolutions, its fraction in radians.
+// A fundamental argument: base + rate x t revolutions (t in days), its fraction in radians,
+// 0 to 2π; the floor keeps it there for a negative t too.
 double Argument(double base, double rate, double t) {
   const double x = base + rate * t;
   return (x - Int(x)) * kFullCircle;
@@ -24,12 +31,20 @@ double Argument(double base, double rate, double t) {
 
 }  // namespace
 
+// Jupiter's geocentric right ascension and declination (radians, mean equator and equinox of
+// date: the obliquity of date, no nutation, no aberration, no light-time) and its distance from
+// the Earth (AU), at t days from J2000.0 (Julian date - 2451545, UT as the caller gives it).
+// A low-precision series: mean longitudes and anomalies of the Sun, Jupiter and Saturn linear in
+// t, in revolutions; the Sun's equation of centre; Jupiter's heliocentric longitude, latitude and
+// radius vector with its largest terms from Saturn (coefficients in seconds of arc and in AU).
+// The right ascension is not folded and runs from -π/2 to 3π/2. `century` is T, Julian centuries
+// from 1900 January 0.5.
 JupiterSeries JupiterSeriesPosition(double t) {
   using trig::cos;
   using trig::sin;
   using trig::tan;
   JupiterSeries out;
-  const double T = t / 36525 + 1;
+  const double T = t / kDaysPerJulianCentury + 1;
 
   const double L = Argument(0.779072, 0.00273790931, t);   // Sun's mean longitude
   const double g = Argument(0.993126, 0.0027377785, t);    // Sun's mean anomaly

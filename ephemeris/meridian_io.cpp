@@ -1,6 +1,10 @@
+// The two numbers the storm model turns on: Jupiter's System III central meridian longitude and
+// Io's phase. Each has its own little theory; neither uses the orbit model of positions.cpp.
+
 #include <cmath>
 
 #include "ephemeris/checked.h"
+#include "ephemeris/constants.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/trig.h"
 #include "textutil/date_time.h"
@@ -10,30 +14,38 @@ namespace quillmere {
 
 using checked::Divide;
 using checked::Store;
+using classic::kDegreesPerRadian;
+using classic::kFullCircle;
+using classic::kJ2000;
+using classic::kRadiansPerDegree;
 
-namespace {
-
-constexpr double kFullCircle = 6.28318530717958;
-constexpr double kRadiansPerDegree = 0.017453292519943278;
-constexpr double kDegreesPerRadian = 57.29577951308238;
-
-}  // namespace
-
+// x radians folded by the floor into 0 up to the full circle; a small negative x comes back just
+// under the full circle.
 double Mod2Pi(double x) {
   return x - kFullCircle * Int(x / kFullCircle);
 }
 
+// x degrees folded into 0 up to 360 by way of the fraction of x / 360.
 double Mod360(double x) {
   double u = x / 360;
   u = u - Int(u);
   return u * 360;
 }
 
+// s.CML3: the System III central meridian longitude of Jupiter as seen from the Earth, degrees,
+// 0 to 360 inclusive, rounded to hundredths, at `instant` (a date-time value in UT, read as it
+// comes, with no UT to TT step). Jupiter's place and distance come from JupiterSeriesPosition
+// (equator and equinox of date); the pole stands at 268.05 + 0.107 Tc, 64.49 - 0.015 Tc degrees,
+// Tc in Julian centuries from J2000.0. The prime meridian turns at 870.536 degrees a day, the
+// System III (1965) rate, from 284.894 degrees at J2000.0 with 1.291 Tc added, seen with a
+// light-time of 0.0057755 days an AU, this routine's own. The central meridian is that angle
+// less xi, which the pole and Jupiter's place give for the Earth's direction in Jupiter's
+// equator.
 void ComputeCML3(EphemerisState& s, double instant) {
   DateTimeFields f;
   if (const auto split = SplitDateTime(instant)) f = *split;
   const JulianDay jd = JulianDayFromFields(f.year, f.month, f.day, f.hour, f.minute, f.second);
-  const double t = (jd.J - 2451545) + jd.F;
+  const double t = (jd.J - kJ2000) + jd.F;
 
   const JupiterSeries jup = JupiterSeriesPosition(t);
   const double alpha = jup.alpha;
@@ -59,6 +71,13 @@ void ComputeCML3(EphemerisState& s, double instant) {
   Store(s.CML3, C);
 }
 
+// s.IoPhase: Io's phase, degrees, 0 to 360 inclusive, 0 at superior conjunction (Io behind
+// Jupiter as seen from the Earth), at day1900 (days from 1900 January 1, 12:00 UT). Meeus's
+// lower-accuracy method for Jupiter's satellites, in its form counting days from 1900 January
+// 0.5, with the angles in radians: the Earth and Jupiter on low-order circles with their
+// equations of centre, the Earth-Jupiter distance and the phase angle, light-time at this
+// routine's own speed of light of 173.1446 AU a day, and Europa's largest pull on Io. The
+// angles are counted from the line between the Earth and Jupiter, so no equinox enters.
 void ComputeIoPhase(EphemerisState& s, double day1900) {
   using trig::cos;
   using trig::sin;

@@ -1,6 +1,16 @@
+// The Sun and Jupiter on the orbit model: right ascension and declination for the program's
+// display, speech, horizon and rise and set, and their texts.
+//
+// A two-body model of the Earth and Jupiter with fixed elements: each runs on a fixed ellipse
+// about the Sun, the true anomaly comes from a one-line formula without Kepler's equation, and no
+// precession, nutation, aberration or light-time is applied. The places are geometric and
+// geocentric, in a frame fixed with the elements: the equinox does not move with the date, so
+// that the Sun stands about 0.12 hour of right ascension behind its place of date in 2000.
+
 #include <cmath>
 
 #include "ephemeris/checked.h"
+#include "ephemeris/constants.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/trig.h"
 #include "textutil/number_text.h"
@@ -9,14 +19,14 @@ namespace quillmere {
 
 using checked::Divide;
 using checked::Store;
+using classic::kDegreesPerRadian;
+using classic::kFullCircle;
+using classic::kPi;
 
 namespace {
 
-// This routine's own circle.
-constexpr double kPi = 3.14159265358979;
-constexpr double kFullCircle = 6.28318530717958;
-constexpr double kObliquity = 0.40928;  // radians, the same for all dates
-constexpr double kDegreesPerRadian = 57.29577951308238;
+// The obliquity of the ecliptic, radians (23.45 degrees), the same for all dates.
+constexpr double kObliquity = 0.40928;
 
 struct OrbitRow {
   double P;   // period, days
@@ -31,7 +41,8 @@ struct OrbitRow {
 constexpr OrbitRow kEarth{365.2564, 0.016719, 1, 1.789792, 0, 0, 101.9};
 constexpr OrbitRow kJupiter{4332.0446, 0.0479528, 5.202168, 0.244685, 1.748931, 0.022786, 2875.5};
 
-// Right ascension (hours) and declination (degrees) of a geocentric ecliptic vector.
+// Right ascension (hours, 0 to 24) and declination (degrees) of a geocentric ecliptic vector
+// (AU): a rotation about the x axis by the fixed obliquity, done in polar form.
 void EclipticToEquatorial(double x, double y, double z, double& ra, double& dec) {
   double rho = 0;
   Store(rho, std::sqrt(y * y + z * z));
@@ -57,6 +68,10 @@ std::string SexagesimalText(double x, double minutes) {
 
 }  // namespace
 
+// Heliocentric ecliptic rectangular coordinates (AU) of the Earth or Jupiter at Day1900 (days
+// from 1900 January 1, 12:00 UT), on a fixed ellipse of the row's seven elements. The true
+// anomaly is 2 atan(tan(M/2) (1 + e)/(1 - e)) of the mean anomaly M, good to first order in e;
+// the latitude is the inclination times sin(L - N). Radians inside.
 Vector3 OrbitPosition(Orbit k, double Day1900) {
   const OrbitRow& o = k == Orbit::Earth ? kEarth : kJupiter;
   // The mean anomaly is not reduced; tan takes it as it is.
@@ -76,6 +91,8 @@ Vector3 OrbitPosition(Orbit k, double Day1900) {
   return p;
 }
 
+// The longitude-like angle A (radians, 0 to 2π), the latitude-like angle B (radians) and the
+// length r of a rectangular vector, in whatever frame and unit it comes.
 Polar RectangularToPolar(double x, double y, double z) {
   Polar p;
   Store(p.r, std::sqrt(x * x + y * y + z * z));
@@ -88,6 +105,9 @@ Polar RectangularToPolar(double x, double y, double z) {
   return p;
 }
 
+// SunRA, JupRA (hours, 0 to 24), SunDec, JupDec (degrees) and their texts at s.Day1900 (UT), on
+// the orbit model above: geocentric, geometric, equator of the fixed frame. The Sun's place is
+// the reverse of the Earth's; Jupiter's is its own less the Earth's.
 void ComputePositions(EphemerisState& s) {
   const Vector3 earth = OrbitPosition(Orbit::Earth, s.Day1900);
   // The Sun is the reverse of the Earth.
@@ -101,11 +121,13 @@ void ComputePositions(EphemerisState& s) {
   s.JupDecText = DegreesText(s.JupDec);
 }
 
+// Hours as "hh:mm" (5.5 gives "05:30"): minutes rounded, so they can read "60".
 std::string HoursText(double x) {
   const double size = std::fabs(x);
   return SexagesimalText(x, (size - Fix(size)) * 60);
 }
 
+// Degrees as "dd:mm" (-5.5 gives "-05:30"): minutes rounded down, never 60.
 std::string DegreesText(double x) {
   const double size = std::fabs(x);
   return SexagesimalText(x, Int(60 * (size - Fix(size))));

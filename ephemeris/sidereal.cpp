@@ -1,6 +1,9 @@
+// Calendar and sidereal time: the time scales of the instant in force.
+
 #include <cmath>
 
 #include "ephemeris/checked.h"
+#include "ephemeris/constants.h"
 #include "ephemeris/ephemeris.h"
 #include "ephemeris/precise.h"
 #include "textutil/date_time.h"
@@ -11,7 +14,16 @@ namespace quillmere {
 using checked::FoldDown;
 using checked::FoldUp;
 using checked::Store;
+using classic::kDaysPerJulianCentury;
+using classic::kJ2000;
 
+// The time scales of s.T: JD0 (Julian date of 0h UT of the date), Day1900 (days from 1900
+// January 1, 12:00 UT), and the local mean sidereal time in hours, 0 to 24, at 0h UT (LMST0) and
+// at T (LMST). T and every result are UT; ObsLong is in degrees west of Greenwich. Greenwich mean
+// sidereal time at 0h UT comes from the IAU 1982 expression (Aoki et al. 1982) in Julian
+// centuries from J2000.0, and runs on by 1.002737908 sidereal seconds a whole second of UT. LMST0
+// and LMST are brought to the observer by two roads: LMST0 passes through a 32-bit float before it
+// is folded and loses low digits there, so neither may be derived from the other.
 void ComputeSiderealTime(EphemerisState& s, float ObsLong) {
 #ifdef QUILLMERE_PRECISE
   if (s.model == EphemerisModel::Precise) return PreciseSiderealTime(s, ObsLong);
@@ -22,7 +34,7 @@ void ComputeSiderealTime(EphemerisState& s, float ObsLong) {
 
   Store(s.JD0, Int(s.T) + 2415018.5);
   Store(s.Day1900, s.T - 2.5);
-  const double Tc = (s.JD0 - 2451545.0) / 36525.0;
+  const double Tc = (s.JD0 - kJ2000) / kDaysPerJulianCentury;
   double theta = 0;
   Store(theta, 8640184.812866 * Tc + 0.093104 * (Tc * Tc) - 0.0000062 * (Tc * Tc * Tc));
   FoldUp(theta, 0, 86400);  // not reduced from above
@@ -43,6 +55,10 @@ void ComputeSiderealTime(EphemerisState& s, float ObsLong) {
   FoldUp(s.LMST, 0, 24);
 }
 
+// The Julian date of a calendar date and time of day (whole numbers), as a whole part J and a
+// fraction 0 <= F < 1, by a closed formula of whole-number parts (each a real division and a
+// floor). Dates before 1582 are read in the Julian calendar, every date of 1582 on in the
+// Gregorian, with no gap in October 1582. UT in, so a Julian date in UT out.
 JulianDay JulianDayFromFields(double year, double month, double day, double hour, double minute,
                               double second) {
   const double D = day + hour / 24 + minute / 1440 + second / 86400;
