@@ -1,31 +1,18 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include "cli_tool.h"
 #include "storm_test_support.h"
 
 namespace {
 
 using quillmere::testing::ScratchDir;
 
-struct Result {
-  int status;
-  std::string out;
-};
-
-// Runs the tool with standard error joined to standard output.
-Result Tool(const std::string& arguments) {
-  const std::string command = std::string(QUILLMERE_CLI) + " " + arguments + " 2>&1";
-  FILE* p = popen(command.c_str(), "r");
-  std::string out;
-  char buf[4096];
-  for (size_t n; (n = fread(buf, 1, sizeof buf, p)) > 0;) out.append(buf, n);
-  const int status = pclose(p);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out};
-}
+using Result = quillmere::testing::ToolResult;
+using quillmere::testing::Tool;
 
 const char* const kPlace = " --lat 30 --long 80";
 
