@@ -138,9 +138,9 @@ float ParseLongitude(const std::string& option, const std::string& text) {
   const auto v = Decimal(text);
   if (!v) Bad(option, text, "not a number");
   if (*v < -360 || *v > 360) Bad(option, text, "out of range -360 to 360");
-  // East of Greenwich as in the colon form: -75.5 is 284.5 west, so sidereal time stays within
-  // a day.
-  return static_cast<float>(*v < 0 ? 360 + *v : *v);
+  // Kept as typed, as the program keeps a decimal that LNG is given: -75.5 is 75.5 degrees east
+  // and stays -75.5, so every digit is the program's own.
+  return static_cast<float>(*v);
 }
 
 }  // namespace quillmere::cli

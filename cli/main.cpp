@@ -117,7 +117,8 @@ const char* const kObserverHelp =
     "              degrees:minutes[:seconds] (41:30, -41:30:00)\n"
     "  --long L    observer longitude in degrees, WEST positive (80 is 80 degrees west);\n"
     "              decimal or degrees:minutes[:seconds], where a leading '-' means east\n"
-    "              (-75.5 and -75:30 are both stored as 284.5)\n"
+    "              (-75:30 is stored as 284.5; -75.5, also 75.5 east, is kept as typed,\n"
+    "              as the program keeps it)\n"
     "  --json      one JSON object; numbers print their exact binary value\n"
 
     "  --ephemeris E  classic (the default: the program's own orbit model) or precise\n"
