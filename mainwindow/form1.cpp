@@ -76,7 +76,7 @@ QLabel* Form1::AddLabel(const char* name, const char* caption, const char* toolT
   // the reader reads the caption, which is the value.
   if (*toolTip) label->setToolTip(toolTip);
   if (!*caption) WriteValue(label, "");  // hidden until it has something to say
-  labels_[name] = label;
+  shown_.byName[name] = caption;
   return label;
 }
 
@@ -187,28 +187,15 @@ void Form1::BuildControls() {
   resize(520, 420);
 }
 
-std::string Form1::Caption(const std::string& objectName) const {
-  const auto it = labels_.find(objectName);
-  if (it == labels_.end()) return {};
-  return it->second->property("caption").isValid()
-             ? it->second->property("caption").toString().toStdString()
-             : it->second->text().toStdString();
+// The exact caption is kept for whoever reads it back; the screen shows line ends. Written only
+// when it changes, so that a screen reader hears of changes alone.
+void Form1::SetCaption(QLabel* label, const std::string& caption) {
+  std::string& kept = shown_.byName[label->objectName().toStdString()];
+  if (kept == caption && label->property("caption").isValid()) return;
+  kept = caption;
+  label->setProperty("caption", QString::fromStdString(caption));
+  WriteValue(label, QString::fromStdString(caption).replace("\r\n", "\n"));
 }
-
-namespace {
-
-// The exact caption stays on the label for whoever reads it back; the screen shows line ends.
-// Written only when it changes, so that a screen reader hears of changes alone.
-void SetCaption(QLabel* label, const std::string& caption) {
-  const QString text = QString::fromStdString(caption);
-  if (label->property("caption").toString() == text && label->property("caption").isValid()) return;
-  label->setProperty("caption", text);
-  QString shown = text;
-  shown.replace("\r\n", "\n");
-  WriteValue(label, shown);
-}
-
-}  // namespace
 
 // ---------------------------------------------------------------------------------------------
 // Start-up and shut-down
@@ -247,8 +234,8 @@ void Form1::Form_Load() {
       AddStartupNotice(std::string(what) + " help file " + path + " not found.");
     return LoadHelpLines(path);
   };
-  help_.lines = loadHelp("SpkHlp.txt", "Speech");
-  predictHelp_.lines = loadHelp("PredictHlp.txt", "Predict");
+  std::vector<std::string> help = loadHelp("SpkHlp.txt", "Speech");
+  std::vector<std::string> predictHelp = loadHelp("PredictHlp.txt", "Predict");
 
   // 4: the time zone.
   p_.DetectedTZ = DetectTimeZone(platform_.clock->GetTimeZoneInformation());
@@ -259,6 +246,10 @@ void Form1::Form_Load() {
     if (std::string notice = platform_.voiceNotice(); !notice.empty()) AddStartupNotice(notice);
   }
   speaker_ = std::make_unique<Speaker>(*voice_, [] { QCoreApplication::processEvents(); });
+  commands_ = std::make_unique<CommandInterpreter>(p_, s_, storm_, *platform_.settings, *speaker_,
+                                                   shown_, *this);
+  commands_->help.lines = std::move(help);
+  commands_->predictHelp.lines = std::move(predictHelp);
   p_.VoiceNames = voice_->GetVoices();
 
   // 6 to 8.
@@ -409,8 +400,8 @@ void Form1::Timer1_Timer() {
   DisplayInfo();
   if (p_.AnnounceDelay > 0 &&
       platform_.clock->LocalNow() > p_.LastAnnounce + p_.AnnounceDelay / 1440) {
-    if (p_.AnnounceSun) SpeakSunAll();
-    if (p_.AnnounceJupiter) SpeakJupAll();
+    if (p_.AnnounceSun) commands_->SpeakSunAll();
+    if (p_.AnnounceJupiter) commands_->SpeakJupAll();
     p_.LastAnnounce = platform_.clock->LocalNow();
     speaker_->CancelFlag = 0;
   }
@@ -538,37 +529,6 @@ std::string Form1::JISRecord() {
 }
 
 // ---------------------------------------------------------------------------------------------
-// Spoken summaries: captions read back, so the ear gets what the eye gets.
-
-void Form1::SpeakSunAll() {
-  const std::string lines[] = {
-      "Sun " + Caption("LBLSunAlt"), "Sun " + Caption("LbLSunAz"),
-      "Sun " + Caption("LBLSunHA"),  "Sun " + Caption("LbLSunRA"),
-      "Sun " + Caption("LBLSunDec"), "Sun " + Caption("LbLSunRise") + " " + Caption("LbLSunSet"),
-  };
-  for (std::string text : lines) speaker_->SpeakCaption(text);
-}
-
-void Form1::SpeakJupAll() {
-  const std::string lines[] = {
-      "Jupiter " + Caption("LblJUPAZ"),
-      "Jupiter " + Caption("LBLJupAlt"),
-      "Jupiter " + Caption("LBLJupHA"),
-      "Jupiter " + Caption("LblJupRA"),
-      "Jupiter " + Caption("LblJupDEC"),
-      "Jupiter " + Caption("LbLJupRise") + "  " + Caption("LbLJupSet"),
-      "Jupiter " + Caption("LBLQ"),
-      Caption("LbLSGC"),
-      Caption("LBlCMIII"),
-  };
-  for (std::string text : lines) speaker_->SpeakCaption(text);
-}
-
-}  // namespace quillmere
-
-namespace quillmere {
-
-// ---------------------------------------------------------------------------------------------
 // The prediction window
 
 const ProgramValues& Form1::programValues() {
@@ -627,28 +587,6 @@ void Form1::SpeakThis(const std::string& text) {
 }
 void Form1::SpeakCharacters(const std::string& text) {
   speaker_->SpeakCharacters(text);
-}
-
-// Reads the grid the prediction window shows: the heading, then each mode's cells with their
-// words. Esc is seen between modes.
-void Form1::SpeakPrediction(double pDay) {
-  std::string heading = " Predictions for " + FormatDateTime(pDay, "MM/DD/YYYY") + " .";
-  if (p_.IORelatedOnly) heading = "'I' 'O' related " + heading;
-  Say(heading, SVSFDefault);
-  const PredictionGrid& grid = GetForm3().core().Grid1;
-  for (int r = 1; r < grid.Rows() && !speaker_->CancelFlag; ++r) {
-    if (p_.IORelatedOnly) {
-      if (UpperCase(grid.TextMatrix(r, 0)).find("IO") == std::string::npos) continue;
-    }
-    for (int c = 0; c < kGridColumns; ++c) {
-      speaker_->Yield();
-      const char* word = c == 0 ? "Mode " : (c % 2 == 1 ? "Begins " : "Ends ");
-      const std::string text = grid.TextMatrix(r, c);
-      if (text.empty()) continue;
-      speaker_->Yield();
-      Say(text.find("NONE") != std::string::npos ? text : word + text, SVSFDefault);
-    }
-  }
 }
 
 }  // namespace quillmere

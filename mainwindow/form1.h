@@ -20,6 +20,7 @@
 #include "mainwindow/display.h"
 #include "mainwindow/platform.h"
 #include "mainwindow/program_state.h"
+#include "speech/command_interpreter.h"
 #include "speech/help.h"
 #include "speech/speaker.h"
 #include "speech/voice.h"
@@ -48,7 +49,7 @@ struct Form1Platform {
   bool enterProgramDirectory = false;
 };
 
-class Form1 : public QWidget, public Form3Host {
+class Form1 : public QWidget, public Form3Host, public CommandHost {
   Q_OBJECT  // a class name of its own, for its accessible role
 
  public:
@@ -63,12 +64,12 @@ class Form1 : public QWidget, public Form3Host {
 
   // The tick and the time modes.
   void Timer1_Timer();
-  void SwitchToRealTime();
-  void SwitchToFixedTime();
-  void NewTime();
+  void SwitchToRealTime() override;
+  void SwitchToFixedTime() override;
+  void NewTime() override;
   void DisplayTimes();
   void DisplayInfo();
-  void FillObLabel();
+  void FillObLabel() override;
   void ArrangeDateBoxes();
   void VisualAlert();
   // Says the alert once each time the set of modes in force changes to a new one, when the
@@ -76,15 +77,10 @@ class Form1 : public QWidget, public Form3Host {
   void AnnounceActivity();
   void ComputeTodayActivity();
 
-  // The command line.
+  // The command line: its keys go to the interpreter.
   void txtIn_KeyPress(int KeyAscii);
   void txtIn_KeyUp();
   void Form_KeyUp(int KeyCode);
-
-  // Spoken summaries.
-  void SpeakSunAll();
-  void SpeakJupAll();
-  void SpeakPrediction(double pDay);
 
   // The prediction window, loaded at its first use.
   Form3& GetForm3();
@@ -115,7 +111,7 @@ class Form1 : public QWidget, public Form3Host {
   InfoServer& jis() { return jis_; }
   QLineEdit* input() { return txtIn; }
   // The caption of a control by its name; empty for an unknown name.
-  std::string Caption(const std::string& objectName) const;
+  std::string Caption(const std::string& objectName) const { return shown_(objectName); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -130,18 +126,16 @@ class Form1 : public QWidget, public Form3Host {
   QLabel* AddLabel(const char* name, const char* caption, const char* toolTip);
   QLineEdit* AddBox(const char* name, const char* toolTip);
   void DisplayCaption();
-  void Say(const std::string& text, int flags);
-  void DoCommand(const std::string& S, const std::string& line);
-  void DoValue(std::string S);
-  void DoNormalCommand(const std::string& C, const std::string& line);
-  void DoPredictCommand(const std::string& C, const std::string& line);
-  bool DoPredictValue(const std::string& S, std::string& reply);
-  // The start date made anew from the prediction window's boxes; nothing when they hold none.
-  std::optional<double> StartDate();
-  void PutDateInBoxes(double day);
-  std::string ReadDays();
-  std::string SaveReport();
-  std::string TimeModeText() const;
+  // Shows a caption and keeps it in the record the interpreter reads.
+  void SetCaption(QLabel* label, const std::string& caption);
+  // What the interpreter asks of the window.
+  void ClearCommandLine() override;
+  void FocusCommandLine() override { txtIn->setFocus(); }
+  void Quit() override { close(); }
+  void ShowMessage(const std::string& text) override;
+  PredictionSession& Prediction() override { return GetForm3(); }
+  void ShowPrediction() override { GetForm3().show(); }
+  void ClosePrediction() override { UnloadForm3(); }
   void LoadSettings();
   // Where a data file (the mode file, a help file) is read from.
   std::string DataFile(const std::string& name) const;
@@ -156,8 +150,8 @@ class Form1 : public QWidget, public Form3Host {
   TodayActivityState today_;
   std::unique_ptr<Voice> voice_;
   std::unique_ptr<Speaker> speaker_;
-  HelpWalk help_;
-  HelpWalk predictHelp_;
+  ShownCaptions shown_;
+  std::unique_ptr<CommandInterpreter> commands_;
   std::unique_ptr<Form3> form3_;
   Captions captions_;
   QTimer timer1_;
@@ -178,7 +172,6 @@ class Form1 : public QWidget, public Form3Host {
   QLabel *LbLJupRise = nullptr, *LbLJupSet = nullptr;
   QLabel *LbLSunRA = nullptr, *LBLSunDec = nullptr, *LBLSunAlt = nullptr, *LbLSunAz = nullptr;
   QLabel *LBLSunHA = nullptr, *LbLSunRise = nullptr, *LbLSunSet = nullptr;
-  std::map<std::string, QLabel*> labels_;
   QHBoxLayout* dateRow_ = nullptr;
 };
 
