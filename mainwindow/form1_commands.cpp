@@ -29,9 +29,9 @@ void Form1::txtIn_KeyPress(int KeyAscii) {
   const std::string line = txtIn->text().toStdString();
   if (KeyAscii == CommandInterpreter::kGraveAccent) {
     txtIn->setText(QString::fromStdString(CommandInterpreter::WithoutAccents(line)));
-    commands_->ReadBack(line);
+    session_.commands->ReadBack(line);
   } else if (KeyAscii == CommandInterpreter::kEnter) {
-    commands_->Enter(line);
+    session_.commands->Enter(line);
   }
 }
 
@@ -42,8 +42,8 @@ void Form1::txtIn_KeyUp() {
 }
 
 void Form1::Form_KeyUp(int KeyCode) {
-  if (KeyCode == CommandInterpreter::kEscape) commands_->Escape();
-  if (KeyCode == CommandInterpreter::kF1) commands_->F1();
+  if (KeyCode == CommandInterpreter::kEscape) session_.commands->Escape();
+  if (KeyCode == CommandInterpreter::kF1) session_.commands->F1();
 }
 
 void Form1::ClearCommandLine() {
