@@ -3,6 +3,13 @@
 
 #include "typed_sessions.h"
 
+#include <fcntl.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdio>
 #include <ctime>
 
@@ -90,6 +97,78 @@ TEST_F(TypedSessions, TheWindowAndTheTerminalSayTheSameWords) {
     ASSERT_FALSE(window.empty());
     EXPECT_EQ(window, terminal) << lines.front() << " ... " << lines.back();
   }
+}
+
+}  // namespace
+}  // namespace quillmere::testing
+
+namespace quillmere::testing {
+namespace {
+
+// Keys on a pseudo-terminal: the line is edited with Backspace and Ctrl-U, the grave accent reads
+// it back, F1 walks the help, and Enter enters what stands.
+TEST_F(TypedSessions, KeysActOnATerminal) {
+  InTerminal({});  // the data files and settings in place
+  int master = -1, slave = -1;
+  ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+  int out[2];
+  ASSERT_EQ(pipe(out), 0);
+  const std::string home = (dir / "home").string(), config = (dir / "config").string();
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    dup2(slave, 0);
+    dup2(out[1], 1);
+    const int null = open("/dev/null", O_WRONLY);
+    dup2(null, 2);
+    setenv("HOME", home.c_str(), 1);
+    setenv("XDG_CONFIG_HOME", config.c_str(), 1);
+    setenv("TZ", "UTC", 1);
+    unsetenv("XDG_DOCUMENTS_DIR");
+    execl(QUILLMERE_TERM, QUILLMERE_TERM, static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  close(slave);
+  close(out[1]);
+  const std::string keys =
+      "lax\x7ft\r"     // Backspace
+      "junk\x15lng\r"  // Ctrl-U
+      "zz`\r"          // the grave accent reads back, and the line stays
+      "\x1bOP"         // F1 as xterm sends it
+      "\x1b[11~"       // and as the VT terminals do
+      "x\x1b\x15je\r"  // Esc: the reading that follows is not said
+      "q\r";           // Esc alone takes nothing from the line
+  std::string said;
+  char buffer[4096];
+  bool typed = false;
+  for (;;) {
+    // Keys typed before the program takes them one by one would meet the terminal's own line
+    // editing; the welcome comes after that switch.
+    if (!typed && said.find(kWelcome) != std::string::npos) {
+      ASSERT_EQ(write(master, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+      typed = true;
+    }
+    pollfd p{out[0], POLLIN, 0};
+    if (poll(&p, 1, 10000) <= 0) break;  // a program that hangs fails below
+    const ssize_t n = read(out[0], buffer, sizeof buffer);
+    if (n <= 0) break;
+    said.append(buffer, static_cast<size_t>(n));
+  }
+  kill(child, SIGTERM);
+  int status = 0;
+  waitpid(child, &status, 0);
+  close(out[0]);
+  close(master);
+  const size_t from = said.find("Latitude 30");
+  ASSERT_NE(from, std::string::npos) << said;
+  EXPECT_EQ(said.substr(from),
+            "Latitude 30 degrees 00 minutes 00.0 seconds \n"
+            "Longitude 80 degrees 00 minutes 00.0 seconds \n"
+            "z\nz\n"
+            "zz not recognized. You are in Normal Mode.\n"
+            "Normal help.\n"
+            "Normal help.\n"
+            "Quillmere Speech Edition Closing.\n");
 }
 
 }  // namespace
