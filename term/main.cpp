@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <iostream>
@@ -111,8 +112,10 @@ int main(int argc, char** argv) {
       &messages,
       folder.path,
       {UserFolder(folderEnv), {InstalledDataFolder(programFolder), programFolder}}};
-  if (chdir(folder.path.c_str()) != 0) {
-  }  // reports then go to the working directory the user started in
+  // Relative paths in the settings start from the user's Quillmere folder, as in the window.
+  if (!folder.path.empty() && chdir(folder.path.c_str()) != 0)
+    std::cerr << "quillmere-term: cannot enter " << folder.path << ": " << std::strerror(errno)
+              << "\n";
 
   // The terminal's own screen reader says the text voice's lines; an engine only when asked.
   const std::string setting = settings.GetSetting(kAppTitle, "Startup", "SpeechEngine", "");
