@@ -14,6 +14,7 @@
 
 #include "ephemeris/precise.h"
 #include "mainwindow/entry.h"
+#include "mainwindow/startup.h"
 #include "stormmodel/ui/accessible.h"
 #include "textutil/date_time.h"
 #include "textutil/latlng.h"
@@ -22,24 +23,6 @@
 
 namespace quillmere {
 namespace {
-
-constexpr int kVersionMajor = 1, kVersionMinor = 0, kVersionRevision = 1;
-
-// A stored text read as a 16-bit boolean: "True" / "False" in any case, or a number.
-int16_t StoredBoolean(const std::string& text) {
-  std::string lower = text;
-  std::transform(lower.begin(), lower.end(), lower.begin(), ::tolower);
-  if (lower == "true") return -1;
-  if (lower == "false") return 0;
-  const double v = Val(text);
-  return std::isfinite(v) && v != 0 && (IsNumeric(text)) ? -1 : 0;
-}
-
-// A stored number read into a 32-bit field; a value the field cannot hold reads as 0.
-float StoredSingle(const std::string& text) {
-  const double v = Val(text);
-  return std::fabs(v) <= 3.4028234663852886e38 ? static_cast<float>(v) : 0.0f;
-}
 
 QPixmap JupiterIcon() {
   QPixmap pixmap(32, 32);
@@ -58,7 +41,11 @@ QPixmap JupiterIcon() {
 }  // namespace
 
 Form1::Form1(Form1Platform platform, QWidget* parent)
-    : QWidget(parent), platform_(std::move(platform)) {
+    : QWidget(parent),
+      platform_(std::move(platform)),
+      session_({platform_.clock, platform_.settings, platform_.messages, platform_.programDirectory,
+                platform_.dataFolders},
+               *this, *this) {
   SetAccessibleRole(this, QAccessible::Window);  // a frame named by its caption
   setObjectName("Form1");
   BuildControls();
@@ -76,6 +63,7 @@ QLabel* Form1::AddLabel(const char* name, const char* caption, const char* toolT
   // the reader reads the caption, which is the value.
   if (*toolTip) label->setToolTip(toolTip);
   if (!*caption) WriteValue(label, "");  // hidden until it has something to say
+  session_.shown.byName[name] = caption;
   labels_[name] = label;
   return label;
 }
@@ -187,160 +175,66 @@ void Form1::BuildControls() {
   resize(520, 420);
 }
 
-std::string Form1::Caption(const std::string& objectName) const {
-  const auto it = labels_.find(objectName);
-  if (it == labels_.end()) return {};
-  return it->second->property("caption").isValid()
-             ? it->second->property("caption").toString().toStdString()
-             : it->second->text().toStdString();
-}
-
-namespace {
-
-// The exact caption stays on the label for whoever reads it back; the screen shows line ends.
-// Written only when it changes, so that a screen reader hears of changes alone.
-void SetCaption(QLabel* label, const std::string& caption) {
+// The screen shows line ends. Written only when it changes, so that a screen reader hears of
+// changes alone.
+void Form1::ShowCaption(const std::string& name, const std::string& caption) {
+  QLabel* label = labels_.at(name);
   const QString text = QString::fromStdString(caption);
   if (label->property("caption").toString() == text && label->property("caption").isValid()) return;
   label->setProperty("caption", text);
-  QString shown = text;
-  shown.replace("\r\n", "\n");
-  WriteValue(label, shown);
+  WriteValue(label, QString(text).replace("\r\n", "\n"));
 }
 
-}  // namespace
+void Form1::ShowInstant(double t) {
+  const std::pair<QLineEdit*, const char*> boxes[] = {{txtY, "yyyy"}, {txtM, "mm"}, {txtD, "dd"},
+                                                      {txtH, "hh"},   {txtN, "nn"}, {txtS, "ss"}};
+  for (const auto& [box, pattern] : boxes)
+    WriteText(box, QString::fromStdString(FormatDateTime(t, pattern)));
+}
+
+// The label is cleared and set in one write, so a standing alert is not sent again each second.
+void Form1::ShowAlert(const std::string& alertstr) {
+  PicJupIcon->setVisible(!alertstr.empty());
+  if (alertstr.empty())
+    DisplayCaption();
+  else if (isMinimized())
+    setWindowTitle(QString::fromStdString(alertstr));
+}
 
 // ---------------------------------------------------------------------------------------------
 // Start-up and shut-down
 
-void Form1::LoadSettings() {
-  SettingsStore& st = *platform_.settings;
-  const std::string& app = p_.AppTitle;
-  const double dformat = RoundHalfEven(Val(st.GetSetting(app, "Settings", "DFormat", "0")));
-  p_.DFormat = dformat >= -32768 && dformat <= 32767 ? static_cast<int16_t>(dformat) : 0;
-  p_.ModeFileName = st.GetSetting(app, "Startup", "ModeFileName", DataFile("UFMODES.JMF"));
-  p_.UseGMT = StoredBoolean(st.GetSetting(app, "Startup", "UseGMT", "True"));
-  p_.DisplayWest = st.GetSetting(app, "Startup", "DisplayWest", "W");
-  const double delay = Val(st.GetSetting(app, "Startup", "AnnounceDelay", "0"));
-  p_.AnnounceDelay = std::isfinite(delay) ? delay : 0;
-  p_.AnnounceActivity = st.GetSetting(app, "Startup", "AnnounceActivity", "0") == "1" ? -1 : 0;
-}
-
-std::string Form1::DataFile(const std::string& name) const {
-  const DataFolders& folders = platform_.dataFolders;
-  if (folders.user.empty() && folders.program.empty())
-    return platform_.programDirectory + "/" + name;
-  return FindDataFile(folders, name);
-}
-
 void Form1::Form_Load() {
-  // 1, 2: title and the program's directory.
-  p_.AppTitle = "Quillmere Speaking Edition";
   if (platform_.enterProgramDirectory)
     QDir::setCurrent(QString::fromStdString(platform_.programDirectory));
-
-  // 3: the help files. Before the voice exists a missing one can only be noted; it is said
-  // after the welcome, or F1 would be silent without a word of why.
-  const auto loadHelp = [this](const char* name, const char* what) {
-    const std::string path = DataFile(name);
-    if (!FileExists(path))
-      AddStartupNotice(std::string(what) + " help file " + path + " not found.");
-    return LoadHelpLines(path);
-  };
-  help_.lines = loadHelp("SpkHlp.txt", "Speech");
-  predictHelp_.lines = loadHelp("PredictHlp.txt", "Predict");
-
-  // 4: the time zone.
-  p_.DetectedTZ = DetectTimeZone(platform_.clock->GetTimeZoneInformation());
-
-  // 5: the voice and the list of voices.
-  voice_ = platform_.createVoice();
+  session_.LoadHelpAndZone();
+  std::unique_ptr<Voice> voice = platform_.createVoice();
   if (platform_.voiceNotice) {
     if (std::string notice = platform_.voiceNotice(); !notice.empty()) AddStartupNotice(notice);
   }
-  speaker_ = std::make_unique<Speaker>(*voice_, [] { QCoreApplication::processEvents(); });
-  p_.VoiceNames = voice_->GetVoices();
+  session_.StartVoice(std::move(voice), [] { QCoreApplication::processEvents(); });
+  session_.LoadStateAndModes();
 
-  // 6 to 8.
-  p_.VersionText = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
-                   std::to_string(kVersionRevision);
-  LoadSettings();
-  p_.RealTime = -1;
-
-  // 9: the mode file; its message holds up the start until it is closed.
-  // The box is not seen by everyone: its lines are said after the welcome as well.
-  const ModeFileResult loaded = LoadModeFile(p_.ModeFileName, storm_.Modes);
-  for (const auto& message : {loaded.error, loaded.notice}) {
-    if (!message) continue;
-    platform_.messages->Show(message->title, message->text);
-    for (size_t at = 0; at <= message->text.size();) {
-      const size_t end = std::min(message->text.find("\r\n", at), message->text.size());
-      if (end > at) AddStartupNotice(message->text.substr(at, end - at));
-      at = end + 2;
-    }
-  }
-
-  // 10 to 13: the observer and the instant.
-  p_.ObsLat =
-      StoredSingle(platform_.settings->GetSetting(p_.AppTitle, "Settings", "Latitude", "0"));
-  p_.ObsLong =
-      StoredSingle(platform_.settings->GetSetting(p_.AppTitle, "Settings", "Longitude", "0"));
-  // The ephemeris is chosen once, before the first sidereal time: classic unless asked otherwise.
-  s_.model = EphemerisModelSetting(
-      platform_.settings->GetSetting(p_.AppTitle, "Settings", "Ephemeris", "classic"));
-  p_.TimeZone = p_.DetectedTZ;
-  s_.T = PresentUT();
-  ComputeSiderealTime(s_, p_.ObsLong);
-
-  // 14: the day's activity marks.
-  if (storm_.Modes.ModesLoaded) ComputeTodayActivity();
-
-  // 15, 16: the info server. Start-up goes on without it if it cannot listen; the user hears
-  // why after the welcome.
+  // The info server. Start-up goes on without it if it cannot listen; the user hears why after
+  // the welcome.
   jis_.LoadJISSettings(*platform_.settings, p_.AppTitle);
-  // A switch that reads as 0 for want of a number would keep the service quiet without a word.
-  const struct {
-    const char* key;
-    const std::string& text;
-    const char* meaning;
-  } switches[] = {
-      {"RunJIS", jis_.settings.RunJISText, "so the info server does not start."},
-      {"PushJIS", jis_.settings.PushJISText, "so no records are pushed."},
-  };
-  for (const auto& sw : switches) {
-    const double v = IsNumeric(sw.text) ? RoundHalfEven(Val(sw.text)) : NAN;
-    if (!(v >= -32768 && v <= 32767))
-      AddStartupNotice(std::string("The stored ") + sw.key + " \"" + sw.text +
-                       "\" is not a number from -32768 to 32767, " + sw.meaning);
-  }
-  // With pushing on, a period that is no number of minutes pushes on every tick.
-  if (jis_.settings.PushJIS) {
-    const std::string& text = jis_.settings.JISMinText;
-    const double v = IsNumeric(text) ? RoundHalfEven(Val(text)) : NAN;
-    if (!(v >= 0 && v <= 32767))
-      AddStartupNotice("The stored JISMin \"" + text +
-                       "\" is not a number of minutes from 0 to 32767, so records are pushed "
-                       "every second.");
-  }
+  for (std::string& notice : JisSettingNotices(jis_.settings)) AddStartupNotice(std::move(notice));
   if (jis_.settings.RunJIS) jis_.StartJIS();
 
-  // 17 to 20.
   timer1_.setInterval(1000);
   timer1_.start();
   ArrangeDateBoxes();
   FillObLabel();
   p_.VersionBanner = MakeVersionBanner(kVersionMajor, kVersionMinor, kVersionRevision);
 
-  // 21, 22: the welcome, before the window is shown; the focus follows with the window.
-  voice_->Speak("Welcome to Quillmere Speech Edition. For Help Press F1.", SVSFDefault);
+  // The welcome, before the window is shown; the focus follows with the window.
   if (!jis_.StartFailure().empty()) AddStartupNotice(jis_.StartFailure());
-  for (const std::string& notice : startupNotices_) voice_->Speak(notice, SVSFDefault);
-  startupNotices_.clear();
+  session_.Welcome();
   txtIn->setFocus();
 }
 
 void Form1::AddStartupNotice(std::string text) {
-  startupNotices_.push_back(std::move(text));
+  session_.AddStartupNotice(std::move(text));
 }
 
 void Form1::Form_Unload() {
@@ -349,7 +243,7 @@ void Form1::Form_Unload() {
   p_.ProgramClosing = -1;
   timer1_.stop();
   UnloadForm3();
-  if (voice_) voice_->Speak("Quillmere Speech Edition Closing.", SVSFDefault);
+  session_.SayClosing();
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
@@ -358,7 +252,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 }
 
 void Form1::EnableTimerIfRealTime() {
-  if (p_.RealTime && voice_ && !unloaded_) timer1_.start();
+  if (p_.RealTime && session_.voice && !unloaded_) timer1_.start();
 }
 
 void Form1::changeEvent(QEvent* event) {
@@ -390,203 +284,62 @@ void Form1::DisplayCaption() {
 // Time keeping
 
 double Form1::PresentUT() {
-  return platform_.clock->LocalNow() - p_.TimeZone / 24;
+  return session_.PresentUT();
 }
 
 void Form1::Timer1_Timer() {
   timer1_.stop();  // ticks never overlap
-  s_.T = PresentUT();
-  if (const auto f = SplitDateTime(s_.T);
-      f && f->minute != p_.LastMinute && storm_.Modes.ModesLoaded) {
-    if (!today_.ActivityDay || *today_.ActivityDay != f->day) ComputeTodayActivity();
-    p_.LastMinute = f->minute;
-  }
-  VisualAlert();
-  AnnounceActivity();
-  ComputeSiderealTime(s_, p_.ObsLong);
-  DisplayTimes();
-  ComputeInstant(s_, p_.ObsLat);
-  DisplayInfo();
-  if (p_.AnnounceDelay > 0 &&
-      platform_.clock->LocalNow() > p_.LastAnnounce + p_.AnnounceDelay / 1440) {
-    if (p_.AnnounceSun) SpeakSunAll();
-    if (p_.AnnounceJupiter) SpeakJupAll();
-    p_.LastAnnounce = platform_.clock->LocalNow();
-    speaker_->CancelFlag = 0;
-  }
+  session_.Tick();
   if (jis_.settings.PushJIS &&
       platform_.clock->LocalNow() > p_.LastJISSend + jis_.settings.JISMin / 1440.0)
     jis_.SendJISInfo();
   if (!unloaded_) timer1_.start();
 }
 
-void Form1::ComputeTodayActivity() {
-  quillmere::ComputeTodayActivity(s_, PresentUT(), p_.ObsLat, p_.ObsLong, storm_.Modes,
-                                  storm_.Minutes, storm_.DayActivity, today_);
-}
-
-// The label is cleared and set in one write, so a standing alert is not sent again each second.
-void Form1::VisualAlert() {
-  int16_t alrt = 0;
-  std::string alertstr;
-  CheckForActivity(s_.T, storm_.Modes, today_.TodayActivity, alrt, alertstr);
-  activityText_ = alrt ? alertstr : "";
-  if (alrt) {
-    SetCaption(LBLQ, "Possible Activity:  " + alertstr);
-    if (isMinimized()) setWindowTitle(QString::fromStdString(alertstr));
-    PicJupIcon->show();
-  } else {
-    SetCaption(LBLQ, "");
-    PicJupIcon->hide();
-    DisplayCaption();
-  }
-}
-
-void Form1::AnnounceActivity() {
-  if (activityText_ == announcedText_) return;
-  announcedText_ = activityText_;
-  if (p_.AnnounceActivity && !activityText_.empty())
-    speaker_->SpeakThis("Possible Activity:  " + activityText_);
-}
-
 void Form1::SwitchToFixedTime() {
   timer1_.stop();
-  NewTime();
-  DisplayTimes();
-  DisplayInfo();
+  session_.NewTime();
+  session_.DisplayTimes();
+  session_.DisplayInfo();
   DisplayCaption();
-  VisualAlert();
+  session_.VisualAlert();
   update();
 }
 
 void Form1::NewTime() {
-  ComputeSiderealTime(s_, p_.ObsLong);
-  p_.FixedT = s_.T;
-  SaveT(s_);
-  ComputeInstant(s_, p_.ObsLat);
-  SetFixedTime(p_, s_);
-  MarkDayActivity(storm_.Modes, storm_.Minutes, storm_.DayActivity);
-  DisplayTimes();
-  DisplayInfo();
+  session_.NewTime();
 }
 
 void Form1::SwitchToRealTime() {
-  p_.RealTime = -1;
-  s_.T = PresentUT();
-  ComputeInstant(s_, p_.ObsLat);  // sidereal time follows at the next tick
-  DisplayTimes();
-  DisplayInfo();
-  SetCaption(LBLQ, "");
+  session_.ResumeRealTime();
   timer1_.start();
   update();
 }
 
-void Form1::DisplayTimes() {
-  const double t = BoxesInstant(p_, s_, platform_.clock->LocalNow());
-  const std::pair<QLineEdit*, const char*> boxes[] = {{txtY, "yyyy"}, {txtM, "mm"}, {txtD, "dd"},
-                                                      {txtH, "hh"},   {txtN, "nn"}, {txtS, "ss"}};
-  for (const auto& [box, pattern] : boxes)
-    WriteText(box, QString::fromStdString(FormatDateTime(t, pattern)));
-  if (const auto lmst = LmstCaption(p_.RealTime ? s_.LMST : p_.FixedLMST))
-    SetCaption(LBLLMST, *lmst);
-}
-
 void Form1::ArrangeDateBoxes() {
-  QLineEdit* order[3];
-  const char* caption = nullptr;
-  switch (p_.DFormat) {
-    case 0:
-      order[0] = txtY, order[1] = txtM, order[2] = txtD, caption = "YYYY  MM  DD";
-      break;
-    case 1:
-      order[0] = txtM, order[1] = txtD, order[2] = txtY, caption = "MM  DD  YYYY";
-      break;
-    case 2:
-      order[0] = txtD, order[1] = txtM, order[2] = txtY, caption = "DD  MM  YYYY";
-      break;
-    default:
-      return;  // the design's order stands
-  }
-  for (QLineEdit* box : order) dateRow_->removeWidget(box);
+  const char* caption = session_.DateOrderCaption();
+  if (!caption) return;  // the design's order stands
+  QLineEdit* const orders[3][3] = {{txtY, txtM, txtD}, {txtM, txtD, txtY}, {txtD, txtM, txtY}};
+  QLineEdit* const* order = orders[p_.DFormat];
+  for (int i = 0; i < 3; ++i) dateRow_->removeWidget(order[i]);
   for (int i = 0; i < 3; ++i) dateRow_->insertWidget(1 + i, order[i]);
-  SetCaption(LBLDateFormat, caption);
-}
-
-void Form1::DisplayInfo() {
-  quillmere::DisplayInfo(p_, s_, captions_);
-  const Captions& c = captions_;
-  const std::pair<QLabel*, const std::string*> all[] = {
-      {LblJupRA, &c.LblJupRA},   {LblJupDEC, &c.LblJupDEC},   {LBlCMIII, &c.LBlCMIII},
-      {LbLSGC, &c.LbLSGC},       {LBLJupAlt, &c.LBLJupAlt},   {LblJUPAZ, &c.LblJUPAZ},
-      {LBLJupHA, &c.LBLJupHA},   {LbLJupRise, &c.LbLJupRise}, {LbLJupSet, &c.LbLJupSet},
-      {LbLSunRA, &c.LbLSunRA},   {LBLSunDec, &c.LBLSunDec},   {LBLSunAlt, &c.LBLSunAlt},
-      {LbLSunAz, &c.LbLSunAz},   {LBLSunHA, &c.LBLSunHA},     {LbLSunRise, &c.LbLSunRise},
-      {LbLSunSet, &c.LbLSunSet},
-  };
-  for (const auto& [label, caption] : all) SetCaption(label, *caption);
+  session_.SetCaption("LBLDateFormat", caption);
 }
 
 void Form1::FillObLabel() {
-  SetCaption(LBLOB, ObserverCaption(p_));
+  session_.FillObLabel();
 }
-
-std::string Form1::JISRecord() {
-  int16_t alrt = 0;
-  std::string alertstr;
-  CheckForActivity(s_.T, storm_.Modes, today_.TodayActivity, alrt, alertstr);
-  return ComposeJISRecord(s_, Caption("LBLLMST"), alrt, alertstr);
-}
-
-// ---------------------------------------------------------------------------------------------
-// Spoken summaries: captions read back, so the ear gets what the eye gets.
-
-void Form1::SpeakSunAll() {
-  const std::string lines[] = {
-      "Sun " + Caption("LBLSunAlt"), "Sun " + Caption("LbLSunAz"),
-      "Sun " + Caption("LBLSunHA"),  "Sun " + Caption("LbLSunRA"),
-      "Sun " + Caption("LBLSunDec"), "Sun " + Caption("LbLSunRise") + " " + Caption("LbLSunSet"),
-  };
-  for (std::string text : lines) speaker_->SpeakCaption(text);
-}
-
-void Form1::SpeakJupAll() {
-  const std::string lines[] = {
-      "Jupiter " + Caption("LblJUPAZ"),
-      "Jupiter " + Caption("LBLJupAlt"),
-      "Jupiter " + Caption("LBLJupHA"),
-      "Jupiter " + Caption("LblJupRA"),
-      "Jupiter " + Caption("LblJupDEC"),
-      "Jupiter " + Caption("LbLJupRise") + "  " + Caption("LbLJupSet"),
-      "Jupiter " + Caption("LBLQ"),
-      Caption("LbLSGC"),
-      Caption("LBlCMIII"),
-  };
-  for (std::string text : lines) speaker_->SpeakCaption(text);
-}
-
-}  // namespace quillmere
-
-namespace quillmere {
 
 // ---------------------------------------------------------------------------------------------
 // The prediction window
-
-const ProgramValues& Form1::programValues() {
-  programValues_.AppTitle = p_.AppTitle;
-  programValues_.VersionText = p_.VersionText;
-  programValues_.ObsLat = p_.ObsLat;
-  programValues_.ObsLong = p_.ObsLong;
-  programValues_.DisplayWest = p_.DisplayWest;
-  programValues_.DFormat = p_.DFormat;
-  return programValues_;
-}
 
 // Loaded at the first use of any of its members; its own Exit unloads it, and the next use
 // loads it again.
 Form3& Form1::GetForm3() {
   if (form3_ && form3_->Unloaded() && !form3_->core().ReportRunning) form3_.reset();
   if (!form3_) {
-    form3_ = std::make_unique<Form3>(*this, s_, storm_, programValues(), *platform_.settings);
+    form3_ =
+        std::make_unique<Form3>(*this, s_, storm_, session_.programValues(), *platform_.settings);
     form3_->SetMessageSink(
         [this](const std::string& text) { platform_.messages->Show(p_.AppTitle, text); });
     form3_->Form_Load();
@@ -623,32 +376,10 @@ void Form1::ShowForThisTime(double instant) {
 }
 
 void Form1::SpeakThis(const std::string& text) {
-  speaker_->SpeakThis(text);
+  session_.speaker->SpeakThis(text);
 }
 void Form1::SpeakCharacters(const std::string& text) {
-  speaker_->SpeakCharacters(text);
-}
-
-// Reads the grid the prediction window shows: the heading, then each mode's cells with their
-// words. Esc is seen between modes.
-void Form1::SpeakPrediction(double pDay) {
-  std::string heading = " Predictions for " + FormatDateTime(pDay, "MM/DD/YYYY") + " .";
-  if (p_.IORelatedOnly) heading = "'I' 'O' related " + heading;
-  Say(heading, SVSFDefault);
-  const PredictionGrid& grid = GetForm3().core().Grid1;
-  for (int r = 1; r < grid.Rows() && !speaker_->CancelFlag; ++r) {
-    if (p_.IORelatedOnly) {
-      if (UpperCase(grid.TextMatrix(r, 0)).find("IO") == std::string::npos) continue;
-    }
-    for (int c = 0; c < kGridColumns; ++c) {
-      speaker_->Yield();
-      const char* word = c == 0 ? "Mode " : (c % 2 == 1 ? "Begins " : "Ends ");
-      const std::string text = grid.TextMatrix(r, c);
-      if (text.empty()) continue;
-      speaker_->Yield();
-      Say(text.find("NONE") != std::string::npos ? text : word + text, SVSFDefault);
-    }
-  }
+  session_.speaker->SpeakCharacters(text);
 }
 
 }  // namespace quillmere

@@ -20,7 +20,9 @@
 #include "mainwindow/display.h"
 #include "mainwindow/platform.h"
 #include "mainwindow/program_state.h"
+#include "speech/command_interpreter.h"
 #include "speech/help.h"
+#include "speech/program_session.h"
 #include "speech/speaker.h"
 #include "speech/voice.h"
 #include "stormmodel/activity.h"
@@ -48,7 +50,7 @@ struct Form1Platform {
   bool enterProgramDirectory = false;
 };
 
-class Form1 : public QWidget, public Form3Host {
+class Form1 : public QWidget, public Form3Host, public CommandHost, public ProgramView {
   Q_OBJECT  // a class name of its own, for its accessible role
 
  public:
@@ -63,28 +65,16 @@ class Form1 : public QWidget, public Form3Host {
 
   // The tick and the time modes.
   void Timer1_Timer();
-  void SwitchToRealTime();
-  void SwitchToFixedTime();
-  void NewTime();
-  void DisplayTimes();
-  void DisplayInfo();
-  void FillObLabel();
+  void SwitchToRealTime() override;
+  void SwitchToFixedTime() override;
+  void NewTime() override;
+  void FillObLabel() override;
   void ArrangeDateBoxes();
-  void VisualAlert();
-  // Says the alert once each time the set of modes in force changes to a new one, when the
-  // user has asked for it.
-  void AnnounceActivity();
-  void ComputeTodayActivity();
 
-  // The command line.
+  // The command line: its keys go to the interpreter.
   void txtIn_KeyPress(int KeyAscii);
   void txtIn_KeyUp();
   void Form_KeyUp(int KeyCode);
-
-  // Spoken summaries.
-  void SpeakSunAll();
-  void SpeakJupAll();
-  void SpeakPrediction(double pDay);
 
   // The prediction window, loaded at its first use.
   Form3& GetForm3();
@@ -108,14 +98,12 @@ class Form1 : public QWidget, public Form3Host {
   EphemerisState& ephemeris() { return s_; }
   const ModeTable& modes() const { return storm_.Modes; }
   StormValues& storm() { return storm_; }
-  // The program's values as the storm model reads them, brought up to date.
-  const ProgramValues& programValues();
-  Speaker& speaker() { return *speaker_; }
+  Speaker& speaker() { return *session_.speaker; }
   QTimer& Timer1() { return timer1_; }
   InfoServer& jis() { return jis_; }
   QLineEdit* input() { return txtIn; }
   // The caption of a control by its name; empty for an unknown name.
-  std::string Caption(const std::string& objectName) const;
+  std::string Caption(const std::string& objectName) const { return session_.shown(objectName); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -130,43 +118,29 @@ class Form1 : public QWidget, public Form3Host {
   QLabel* AddLabel(const char* name, const char* caption, const char* toolTip);
   QLineEdit* AddBox(const char* name, const char* toolTip);
   void DisplayCaption();
-  void Say(const std::string& text, int flags);
-  void DoCommand(const std::string& S, const std::string& line);
-  void DoValue(std::string S);
-  void DoNormalCommand(const std::string& C, const std::string& line);
-  void DoPredictCommand(const std::string& C, const std::string& line);
-  bool DoPredictValue(const std::string& S, std::string& reply);
-  // The start date made anew from the prediction window's boxes; nothing when they hold none.
-  std::optional<double> StartDate();
-  void PutDateInBoxes(double day);
-  std::string ReadDays();
-  std::string SaveReport();
-  std::string TimeModeText() const;
-  void LoadSettings();
-  // Where a data file (the mode file, a help file) is read from.
-  std::string DataFile(const std::string& name) const;
+  // What the session shows.
+  void ShowCaption(const std::string& name, const std::string& caption) override;
+  void ShowInstant(double t) override;
+  void ShowAlert(const std::string& alertstr) override;
+  // What the interpreter asks of the window.
+  void ClearCommandLine() override;
+  void FocusCommandLine() override { txtIn->setFocus(); }
+  void Quit() override { close(); }
+  void ShowMessage(const std::string& text) override;
+  PredictionSession& Prediction() override { return GetForm3(); }
+  void ShowPrediction() override { GetForm3().show(); }
+  void ClosePrediction() override { UnloadForm3(); }
   void EnableTimerIfRealTime();
-  // The JIS record from the values and captions as they stand.
-  std::string JISRecord();
   Form1Platform platform_;
-  ProgramState p_;
-  EphemerisState s_;
-  StormValues storm_;  // the mode table, the minute tables and DayActivity, shared with Form3
-  ProgramValues programValues_;
-  TodayActivityState today_;
-  std::unique_ptr<Voice> voice_;
-  std::unique_ptr<Speaker> speaker_;
-  HelpWalk help_;
-  HelpWalk predictHelp_;
+  ProgramSession session_;
+  ProgramState& p_ = session_.p;
+  EphemerisState& s_ = session_.s;
+  StormValues& storm_ = session_.storm;  // shared with Form3
   std::unique_ptr<Form3> form3_;
-  Captions captions_;
   QTimer timer1_;
-  InfoServer jis_{[this] { return JISRecord(); }, [this] { return platform_.clock->LocalNow(); },
-                  p_.LastJISSend};
+  InfoServer jis_{[this] { return session_.JISRecord(); },
+                  [this] { return platform_.clock->LocalNow(); }, p_.LastJISSend};
   bool unloaded_ = false;
-  std::vector<std::string> startupNotices_;
-  std::string activityText_;   // what CheckForActivity gave at the last VisualAlert
-  std::string announcedText_;  // the set of modes last seen by AnnounceActivity
 
   QLineEdit* txtIn = nullptr;
   QLineEdit *txtY = nullptr, *txtM = nullptr, *txtD = nullptr;
@@ -178,8 +152,8 @@ class Form1 : public QWidget, public Form3Host {
   QLabel *LbLJupRise = nullptr, *LbLJupSet = nullptr;
   QLabel *LbLSunRA = nullptr, *LBLSunDec = nullptr, *LBLSunAlt = nullptr, *LbLSunAz = nullptr;
   QLabel *LBLSunHA = nullptr, *LbLSunRise = nullptr, *LbLSunSet = nullptr;
-  std::map<std::string, QLabel*> labels_;
   QHBoxLayout* dateRow_ = nullptr;
+  std::map<std::string, QLabel*> labels_;
 };
 
 }  // namespace quillmere

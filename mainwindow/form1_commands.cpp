@@ -1,77 +1,38 @@
-// The command line of the main window: keys, values and the commands of both modes.
+// The command line of the main window: its keys go to the interpreter, which does the rest.
 
 #include <QKeyEvent>
 
-#include "mainwindow/entry.h"
 #include "mainwindow/form1.h"
-#include "textutil/date_time.h"
-#include "textutil/latlng.h"
-#include "textutil/number_text.h"
 
 namespace quillmere {
-
-namespace {
-
-constexpr int kGraveAccent = 96;
-constexpr int kEnter = 13;
-constexpr int kEscape = 27;
-constexpr int kF1 = 112;
-
-std::string Remove(std::string text, char c) {
-  text.erase(std::remove(text.begin(), text.end(), c), text.end());
-  return text;
-}
-
-bool InRange(double v, double low, double high) {
-  return v >= low && v <= high;
-}
-
-// A reading or a report that would step past the last date (or whose length is no number of
-// days) is refused before its first day, or it would end in one message per day and a file
-// without an end date.
-bool LastDayIsADate(double D0, double days) {
-  return std::isfinite(days) && SplitDateTime(D0 + Int(days)).has_value();
-}
-
-}  // namespace
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && watched == txtIn) {
     auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-      txtIn_KeyPress(kEnter);
+      txtIn_KeyPress(CommandInterpreter::kEnter);
       return true;
     }
-    if (key->text() == "`") txtIn_KeyPress(kGraveAccent);  // and the accent goes in the line
+    // and the accent goes in the line
+    if (key->text() == "`") txtIn_KeyPress(CommandInterpreter::kGraveAccent);
   } else if (event->type() == QEvent::KeyRelease) {
     auto* key = static_cast<QKeyEvent*>(event);
     if (key->isAutoRepeat()) return false;
     if (watched == txtIn) txtIn_KeyUp();
-    if (key->key() == Qt::Key_Escape) Form_KeyUp(kEscape);
-    if (key->key() == Qt::Key_F1) Form_KeyUp(kF1);
+    if (key->key() == Qt::Key_Escape) Form_KeyUp(CommandInterpreter::kEscape);
+    if (key->key() == Qt::Key_F1) Form_KeyUp(CommandInterpreter::kF1);
   }
   return QWidget::eventFilter(watched, event);
 }
 
-void Form1::Say(const std::string& text, int flags) {
-  voice_->Speak(text, flags);
-}
-
 void Form1::txtIn_KeyPress(int KeyAscii) {
-  if (KeyAscii == kGraveAccent) {
-    // Reads back what has been typed, punctuation pronounced.
-    const std::string line = Remove(txtIn->text().toStdString(), '`');
-    txtIn->setText(QString::fromStdString(line));
-    for (char c : line) Say(std::string(1, c), SVSFNLPSpeakPunc);
-    return;
-  }
-  if (KeyAscii != kEnter) return;
   const std::string line = txtIn->text().toStdString();
-  const std::string S = NormalizeEntry(line);
-  if (IsValueEntry(S))
-    DoValue(S);
-  else
-    DoCommand(S, line);
+  if (KeyAscii == CommandInterpreter::kGraveAccent) {
+    txtIn->setText(QString::fromStdString(CommandInterpreter::WithoutAccents(line)));
+    session_.commands->ReadBack(line);
+  } else if (KeyAscii == CommandInterpreter::kEnter) {
+    session_.commands->Enter(line);
+  }
 }
 
 void Form1::txtIn_KeyUp() {
@@ -81,351 +42,16 @@ void Form1::txtIn_KeyUp() {
 }
 
 void Form1::Form_KeyUp(int KeyCode) {
-  if (KeyCode == kEscape) speaker_->CancelFlag = -1;
-  if (KeyCode != kF1) return;
-  HelpWalk& walk = p_.PredictMode ? predictHelp_ : help_;
-  if (walk.Step(*speaker_, 0))
-    while (walk.Step(*speaker_)) {
-    }
+  if (KeyCode == CommandInterpreter::kEscape) session_.commands->Escape();
+  if (KeyCode == CommandInterpreter::kF1) session_.commands->F1();
 }
 
-std::string Form1::TimeModeText() const {
-  return FormatDateTime(s_.T, "MM/DD/YYYY HH:nn:ss");
-}
-
-void Form1::DoCommand(const std::string& S, const std::string& line) {
-  if (p_.PredictMode)
-    DoPredictCommand(S, line);
-  else
-    DoNormalCommand(WithMenuLetter(S, p_.PendingCommand), line);
-}
-
-void Form1::DoNormalCommand(const std::string& C, const std::string& line) {
-  auto is = [&C](std::initializer_list<const char*> names) {
-    for (const char* n : names)
-      if (C == n) return true;
-    return false;
-  };
-  auto wait = [this, &C] { p_.PendingCommand = C; };
-  std::string reply;
-  bool quit = false;
-
-  // Readings of one value: a prefix and the caption of a label, or of two joined.
-  struct Reading {
-    std::initializer_list<const char*> names;
-    const char* prefix;
-    const char* label;
-    const char* join;  // between the label and a second one, when there is one
-    const char* second;
-  };
-  static const Reading kReadings[] = {
-      {{"JE"}, "Jupiter ", "LBLJupAlt", "", nullptr},
-      {{"SE"}, "Sun ", "LBLSunAlt", "", nullptr},
-      {{"JA"}, "Jupiter ", "LblJUPAZ", "", nullptr},
-      {{"SA"}, "Sun ", "LbLSunAz", "", nullptr},
-      {{"JH", "JHA"}, "Jupiter ", "LBLJupHA", "", nullptr},
-      {{"SH", "SHA"}, "Sun ", "LBLSunHA", "", nullptr},
-      {{"JRA"}, "Jupiter ", "LblJupRA", "", nullptr},
-      {{"SRA"}, "Sun ", "LbLSunRA", "", nullptr},
-      {{"JD"}, "Jupiter ", "LblJupDEC", "", nullptr},
-      {{"SD"}, "Sun ", "LBLSunDec", "", nullptr},
-      {{"JRS"}, "Jupiter ", "LbLJupRise", "  ", "LbLJupSet"},
-      {{"SRS"}, "Sun ", "LbLSunRise", " ", "LbLSunSet"},
-      {{"JI"}, "", "LbLSGC", "", nullptr},
-      {{"S3", "JC"}, "", "LBlCMIII", "", nullptr},
-      {{"LMST", "LS", "LST", "ST"}, "", "LBLLMST", "", nullptr},
-      {{"M", "JS", "MODE"}, "Jupiter ", "LBLQ", "", nullptr},
-  };
-  const Reading* reading = nullptr;
-  for (const Reading& r : kReadings)
-    if (is(r.names)) reading = &r;
-
-  if (reading) {
-    reply = reading->prefix + Caption(reading->label);
-    if (reading->second) reply += reading->join + Caption(reading->second);
-  } else if (is({"J*"})) {
-    SpeakJupAll();
-    speaker_->CancelFlag = 0;
-  } else if (is({"S*"})) {
-    SpeakSunAll();
-    speaker_->CancelFlag = 0;
-  } else if (is({"J"})) {
-    p_.PendingCommand = "J";
-    reply = "Jupiter Menu";
-  } else if (is({"S"})) {
-    p_.PendingCommand = "S";
-    reply = "Sun Menu";
-  } else if (is({"VER"})) {
-    Say("Version ", SVSFDefault);
-    speaker_->SpeakCharacters(p_.VersionText);
-  } else if (is({"P"})) {
-    reply = "Prediction Moded Entered.  Press F1 for Prediction Mode Help.";
-    p_.PredictMode = -1;
-    SwitchToFixedTime();
-    GetForm3().show();
-    FocusMainWindow();
-  } else if (is({"T"})) {
-    reply = std::string(p_.RealTime ? "Real Time Mode. " : "Fixed Time Mode. ") + " Current Time " +
-            TimeModeText();
-  } else if (is({"FT", "FIX", "FIXED"})) {
-    wait();
-    reply = "Fixed Time Mode.  Current Time " + TimeModeText();
-    p_.RealTime = 0;
-    SwitchToFixedTime();
-  } else if (is({"RT", "REAL", "REALTIME", "REAL TIME"})) {
-    wait();
-    SwitchToRealTime();
-    reply = "Real Time Mode.  Current Time " + TimeModeText();
-  } else if (is({"AS"})) {
-    p_.AnnounceSun = -1;
-    reply = "Announce Sun ON.";
-  } else if (is({"NAS"})) {
-    p_.AnnounceSun = 0;
-    reply = "Announce Sun OFF.";
-  } else if (is({"AJ"})) {
-    p_.AnnounceJupiter = -1;
-    reply = "Announce Jupiter ON.";
-  } else if (is({"NAJ"})) {
-    p_.AnnounceJupiter = 0;
-    reply = "Announce Jupiter OFF.";
-  } else if (is({"Q"})) {
-    quit = true;
-  } else if (is({"LAT", "LT"})) {
-    wait();
-    std::string text = LatToText(p_.ObsLat);
-    reply = "Latitude " + cvtLngSpoken(text);
-  } else if (is({"LNG", "LG", "LONG"})) {
-    wait();
-    std::string text = LongToText(p_.ObsLong);
-    reply = "Longitude " + cvtLngSpoken(text);
-  } else if (is({"TZ", "TIME ZONE"})) {
-    wait();
-    reply = "Time Zone " + NumberText(p_.TimeZone);
-  } else if (is({"AD"})) {
-    wait();
-    reply = "Announce Delay." + NumberText(p_.AnnounceDelay) + " minutes.";
-  } else if (is({"VR"})) {
-    wait();
-    reply = "Speech Rate " + NumberText(voice_->Rate());
-  } else if (is({"VT"})) {
-    wait();
-    reply = "Speech Type " + voice_->GetDescription();
-    if (p_.VoiceNames.empty()) {
-      reply += ". No voices are installed.";
-    } else {
-      reply += ". available voices are ";
-      for (size_t i = 0; i < p_.VoiceNames.size(); ++i)
-        reply += NumberText(i) + "  " + p_.VoiceNames[i] + ". ";
-    }
-  } else {
-    reply = line + " not recognized. You are in Normal Mode.";
-  }
-
-  if (quit) {
-    txtIn->clear();
-    close();
-    return;
-  }
-  speaker_->SpeakCaption(reply);
+void Form1::ClearCommandLine() {
   txtIn->clear();
 }
 
-void Form1::DoPredictCommand(const std::string& C, const std::string& line) {
-  if (p_.PredictDuration < 1) p_.PredictDuration = 1;
-  std::string reply;
-  const auto needDate = [this, &reply]() -> std::optional<double> {
-    const auto d0 = StartDate();
-    if (!d0) reply = "The date in the prediction window is not a date the program can use.";
-    return d0;
-  };
-  if (C == "N") {
-    p_.PredictMode = 0;
-    UnloadForm3();
-    reply = "Normal Mode Resumed. ";
-  } else if (C == "P") {
-    reply = "You are in prediction mode.";
-  } else if (C == "I") {
-    p_.IORelatedOnly = -1;
-    reply = "'I' 'O' related storms only will be predicted.";
-  } else if (C == "NI") {
-    p_.IORelatedOnly = 0;
-    reply = "All storms will be predicted.";
-  } else if (C == "T") {
-    if (const auto d0 = needDate()) {
-      p_.PendingCommand = "T";
-      FocusMainWindow();
-      reply = "Prediction Start Date " + FormatDateTime(*d0, "MM/DD/YYYY");
-    }
-  } else if (C == "D") {
-    p_.PendingCommand = "D";
-    reply = "Prediction Duration in Days is " + NumberText(p_.PredictDuration);
-  } else if (C == "NXT") {
-    if (const auto d0 = needDate()) {
-      PutDateInBoxes(*d0 + 1);
-      GetForm3().CmdPredict_Click();
-      reply = "Prediction Start Date is Now. " + FormatDateTime(*d0 + 1, "MM/DD/YYYY");
-    }
-  } else if (C == "F" || C == "FN") {
-    const std::string& FFF = GetForm3().core().FFF;
-    reply = FFF.empty() ? "No prediction report has been saved yet."
-                        : "Last Saved Prediction Report was " + FFF + " .";
-  } else if (C == "R") {
-    if (needDate()) reply = ReadDays();
-  } else if (C == "SR") {
-    if (needDate()) reply = SaveReport();
-  } else {
-    reply = line + " not recognized. You are in Predict Mode. Type N for normal mode.";
-  }
-  speaker_->SpeakCaption(reply);
-  txtIn->clear();
-  txtIn->setFocus();
-}
-
-std::optional<double> Form1::StartDate() {
-  const PredictionWindow& w = GetForm3().core();
-  const auto year = BoxInt16(w.txtYear), month = BoxInt16(w.txtMonth), day = BoxInt16(w.txtDay);
-  if (!year || !month || !day) return std::nullopt;
-  return DateSerial(*year, *month, *day);
-}
-
-// Day, month and year go into the boxes as plain numbers, in that order.
-void Form1::PutDateInBoxes(double day) {
-  const auto f = SplitDateTime(day);
-  if (!f) return;
-  PredictionWindow& w = GetForm3().core();
-  w.txtDay = std::to_string(f->day);
-  w.txtMonth = std::to_string(f->month);
-  w.txtYear = std::to_string(f->year);
-  GetForm3().Refresh();
-}
-
-std::string Form1::ReadDays() {
-  const double D0 = *StartDate();
-  if (!LastDayIsADate(D0, p_.PredictDuration - 1)) {
-    platform_.messages->Show(p_.AppTitle, kDateOutOfRange);
-    return kDateOutOfRange;
-  }
-  storm_.ReportStart = D0;
-  storm_.ReportEnd = D0 + p_.PredictDuration;
-  const double E = D0 + p_.PredictDuration - 1;
-  for (double d = D0; !speaker_->CancelFlag && d <= E;) {
-    SpeakPrediction(d);
-    d = d + 1;
-    if (d <= E) GetForm3().CmdNextDay_Click();
-  }
-  // The window returns to the first day, so the next R starts from the same date.
-  PutDateInBoxes(D0);
-  GetForm3().CmdPredict_Click();
-  if (!speaker_->CancelFlag) return "";
-  speaker_->CancelFlag = 0;
-  return "Prediction Reed canceled.";
-}
-
-std::string Form1::SaveReport() {
-  const double D0 = *StartDate();
-  if (!LastDayIsADate(D0, p_.PredictDuration)) {
-    platform_.messages->Show(p_.AppTitle, kDateOutOfRange);
-    return kDateOutOfRange;
-  }
-  storm_.ReportStart = D0;
-  storm_.ReportEnd = D0 + p_.PredictDuration;
-  GetForm3().DoReport();
-  if (!speaker_->CancelFlag) return "Saved Report " + GetForm3().core().FFF;
-  speaker_->CancelFlag = 0;
-  return "Prediction Reed canceled.";
-}
-
-// The two values that only prediction mode takes. False when S is for another row.
-bool Form1::DoPredictValue(const std::string& S, std::string& reply) {
-  if (!p_.PredictMode) return false;
-  if (p_.PendingCommand == "T") {
-    const auto date = ParseDateTimeEntry(S);
-    if (!date) {
-      reply = S + " was not understood as a date. The prediction date stays as it was.";
-      return true;
-    }
-    PutDateInBoxes(*date);
-    reply = "Prediction Start Date. " + FormatDateTime(*date, "MM/DD/YYYY");
-    GetForm3().CmdPredict_Click();
-    FocusMainWindow();
-    return true;
-  }
-  if (p_.PendingCommand == "D") {
-    p_.PredictDuration = Val(S);
-    reply = "Prediction Duration changed to " + NumberText(p_.PredictDuration) + "days.";
-    return true;
-  }
-  return false;
-}
-
-void Form1::DoValue(std::string S) {
-  const std::string waiting = p_.PendingCommand;
-  SettingsStore& store = *platform_.settings;
-  std::string reply = S;  // out of range: the user hears the entry back
-  if (DoPredictValue(S, reply)) {
-  } else if (waiting == "LAT" || waiting == "LT") {
-    const float v = TextToLat(S);
-    reply = S;
-    if (InRange(v, -90, 90)) {
-      p_.ObsLat = v;
-      FillObLabel();
-      reply = "Latitude changed to " + cvtLngSpoken(S);
-      store.SaveSetting(p_.AppTitle, "Settings", "Latitude", NumberText(p_.ObsLat));
-    }
-  } else if (waiting == "LNG" || waiting == "LG") {
-    const float v = TextToLong(S);
-    reply = S;
-    if (InRange(v, -360, 360)) {
-      p_.ObsLong = v;
-      FillObLabel();
-      reply = "Longitude changed to " + cvtLngSpoken(S);
-      store.SaveSetting(p_.AppTitle, "Settings", "Longitude", NumberText(p_.ObsLong));
-    }
-  } else if (waiting == "TZ") {
-    const double v = Val(S);
-    if (InRange(v, -24, 24)) {
-      p_.TimeZone = v;
-      reply = "Time Zone changed to " + S;
-    }
-  } else if (waiting == "AD") {
-    const double v = Val(S);
-    if (InRange(v, 0, 1440)) {
-      p_.AnnounceDelay = v;
-      reply = "Announce Delay changed to " + S + "minutes.";
-      store.SaveSetting(p_.AppTitle, "Startup", "AnnounceDelay", S);
-    }
-  } else if (waiting == "VR") {
-    const double v = Val(S);
-    if (InRange(v, -10, 10)) {
-      voice_->SetRate(static_cast<int>(RoundHalfEven(v)));
-      reply = "Speech Rate changed to " + S;
-      store.SaveSetting(p_.AppTitle, "Startup", "SpeechRate", S);
-    }
-  } else if (waiting == "VT") {
-    const double v = Val(S);
-    if (p_.VoiceNames.empty()) {
-      reply = "No voices are installed.";
-    } else if (InRange(v, 0, static_cast<double>(p_.VoiceNames.size() - 1))) {
-      voice_->SetVoice(static_cast<int>(RoundHalfEven(v)));
-      reply = "Speech Voice changed to " + voice_->GetDescription();
-      store.SaveSetting(p_.AppTitle, "Startup", "VoiceType", S);
-    }
-  } else if (waiting == "FT") {
-    // A time alone keeps the date of T.
-    if (S.find('/') == std::string::npos) S = FormatDateTime(s_.T, "MM/DD/YYYY") + "  " + S;
-    if (const auto t = ParseDateTimeEntry(S)) {
-      s_.T = *t;
-      NewTime();
-      reply = "New Fixed Time. " + FormatDateTime(p_.FixedT, "MM/DD/YYYY HH:nn:ss");
-    } else {
-      reply = S + " was not understood as a date or a time. The time stays as it was.";
-    }
-  } else {
-    reply = S + " not recognized.";
-  }
-  Say(reply, SVSFlagsAsync);
-  txtIn->clear();
-  p_.PendingCommand.clear();
+void Form1::ShowMessage(const std::string& text) {
+  platform_.messages->Show(p_.AppTitle, text);
 }
 
 }  // namespace quillmere

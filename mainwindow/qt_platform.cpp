@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QMessageBox>
 #include <QStandardPaths>
 #include <QTimeZone>
 
@@ -97,10 +96,6 @@ void IniSettings::SaveSetting(const std::string& application, const std::string&
       "Settings cannot be saved, so changes last only until the program closes. "
       "The settings file is " +
       FileName(application) + ".");
-}
-
-void DialogMessageBoxes::Show(const std::string& title, const std::string& text) {
-  QMessageBox::warning(parent_, QString::fromStdString(title), QString::fromStdString(text));
 }
 
 }  // namespace quillmere

@@ -109,6 +109,19 @@ class PredictionWindow {
   StormUi& ui_;
 };
 
+// The prediction window as the command line drives it, with its widgets or without.
+class PredictionSession {
+ public:
+  virtual ~PredictionSession() = default;
+  virtual PredictionWindow& core() = 0;
+  virtual void CmdPredict_Click() = 0;
+  virtual void CmdNextDay_Click() = 0;
+  // The report without its options dialog.
+  virtual void DoReport() = 0;
+  // Shows the boxes, grid and chart again after the core was changed directly.
+  virtual void Refresh() = 0;
+};
+
 // The date of a value by the order of DFormat ("YYYY/MM/DD"); sets DateOrderText. An unknown
 // order gives empty text and leaves DateOrderText alone.
 std::string FormatDate(double value, int16_t DFormat, std::string& DateOrderText);

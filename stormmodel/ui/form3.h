@@ -56,7 +56,7 @@ struct PrintedText {
   std::string text;
 };
 
-class Form3 : public QWidget, private StormUi {
+class Form3 : public QWidget, public PredictionSession, private StormUi {
   Q_OBJECT  // a class name of its own, for its accessible role
 
  public:
@@ -65,23 +65,23 @@ class Form3 : public QWidget, private StormUi {
   ~Form3() override;
 
   // The boxes, Grid1, PredictTime, FFF, CancelReport live here.
-  PredictionWindow& core();
+  PredictionWindow& core() override;
 
   void Form_Load();
   // The handlers: each runs the core's and then shows its result.
-  void CmdPredict_Click();
-  void CmdNextDay_Click();
+  void CmdPredict_Click() override;
+  void CmdNextDay_Click() override;
   void CmdPrevious_Click();
   void cmdNow_Click();
   void CmdReport_Click();
-  void DoReport();
+  void DoReport() override;
   void CmdCancelReport_Click();
   void CmdExit_Click();
   // Puts T back unless the program is closing; the caller deletes the window after it.
   void Form_Unload();
 
   // Shows the core's boxes, grid and chart again after the core was changed directly.
-  void Refresh();
+  void Refresh() override;
 
   // Prints the day in the grid; where no printer is installed, offers a PDF file instead.
   void CmdPredictPrint_Click();

@@ -1,0 +1,201 @@
+// The command line of both modes without Qt: the whole program headless, a fixed clock, settings
+// in memory and a recording voice. The words are the window's.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "mainwindow/startup.h"
+#include "speech/headless_prediction.h"
+#include "speech/program_session.h"
+#include "speech/recording_voice.h"
+#include "storm_test_support.h"
+#include "textutil/date_time.h"
+
+namespace quillmere::testing {
+namespace {
+
+class FixedClock : public Clock {
+ public:
+  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
+  double LocalNow() override { return now; }
+  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
+};
+
+class Messages : public MessageBoxes {
+ public:
+  void Show(const std::string& title, const std::string& text) override {
+    shown.push_back(title + "|" + text);
+  }
+  std::vector<std::string> shown;
+};
+
+// What a front end without a window does for the commands: no timer, no screen.
+class Headless : public CommandHost, public ProgramView {
+ public:
+  explicit Headless(SessionPlatform platform) : session(std::move(platform), *this, *this) {}
+  void SwitchToFixedTime() override {
+    session.NewTime();
+    session.DisplayTimes();
+    session.DisplayInfo();
+    session.VisualAlert();
+  }
+  void SwitchToRealTime() override { session.ResumeRealTime(); }
+  void NewTime() override { session.NewTime(); }
+  void FillObLabel() override { session.FillObLabel(); }
+  void ClearCommandLine() override { ++cleared; }
+  void FocusCommandLine() override {}
+  void FocusMainWindow() override {}
+  void Quit() override { ++quits; }
+  void ShowMessage(const std::string& text) override {
+    session.platform.messages->Show(session.p.AppTitle, text);
+  }
+  PredictionSession& Prediction() override {
+    if (!prediction) {
+      prediction = std::make_unique<HeadlessPrediction>(session, [] {});
+      prediction->Form_Load();
+    }
+    return *prediction;
+  }
+  void ShowPrediction() override { Prediction(); }
+  void ClosePrediction() override {
+    if (prediction) prediction->Form_Unload();
+    prediction.reset();
+  }
+  void ShowCaption(const std::string&, const std::string&) override {}
+
+  ProgramSession session;
+  std::unique_ptr<HeadlessPrediction> prediction;
+  int cleared = 0, quits = 0;
+};
+
+class Interpreter : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::ofstream(dir.Path("UFMODES.JMF")) << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    std::ofstream(dir.Path("SpkHlp.txt")) << "Normal help.\nFirst help line.\n";
+    std::ofstream(dir.Path("PredictHlp.txt")) << "Prediction help.\n";
+    settings.SaveSetting(kAppTitle, "Settings", "Latitude", " 30");
+    settings.SaveSetting(kAppTitle, "Settings", "Longitude", " 80");
+    program =
+        std::make_unique<Headless>(SessionPlatform{&clock, &settings, &messages, dir.Path(), {}});
+    ProgramSession& s = program->session;
+    s.LoadHelpAndZone();
+    auto v = std::make_unique<RecordingVoice>(std::vector<std::string>{"Alpha", "Beta"}, 2);
+    voice = v.get();
+    s.StartVoice(std::move(v), [] {});
+    s.LoadStateAndModes();
+    s.FillObLabel();
+    s.Welcome();
+    s.Tick();
+  }
+  // The last thing said for a line entered.
+  std::string Said(const std::string& line) {
+    voice->calls.clear();
+    program->session.commands->Enter(line);
+    return voice->calls.empty() ? "(nothing)" : voice->calls.back().text;
+  }
+
+  ScratchDir dir;
+  FixedClock clock;
+  MemorySettings settings;
+  Messages messages;
+  RecordingVoice* voice = nullptr;
+  std::unique_ptr<Headless> program;
+};
+
+TEST_F(Interpreter, NormalModeRepliesAsTheWindowGivesThem) {
+  const struct {
+    const char *typed, *said;
+  } steps[] = {
+      {"je", "Jupiter  elevation  -69.2"},
+      {" A ", "Jupiter  azimuth  320.3"},
+      {"I", "I not recognized. You are in Normal Mode."},
+      {"s", "Sun Menu"},
+      {"a", "Sun  azimuth  074.4"},
+      {"rs", "Sun Rise: 10:23 Set: 00:16"},
+      {"j", "Jupiter Menu"},
+      {"i", "Io Phase: 007.00"},
+      {"c", " System three longitude   203.74"},
+      {"rs", "Jupiter Rise: 19:27  Set: 06:24"},
+      {"lmst", " Local Mean Sidereal Time  01:33:22"},
+      {"m", "Jupiter Possible Activity:  Non-A   "},
+      {"", " not recognized. You are in Normal Mode."},
+      {"12", "12 not recognized."},
+      {"lat", "Latitude 30 degrees 00 minutes 00.0 seconds "},
+      {"45:30", "Latitude changed to 45 degrees 30 minutes "},
+      {"ad", "Announce Delay. 0 minutes."},
+      {"10", "Announce Delay changed to 10minutes."},
+      {"vt", "Speech Type Alpha. available voices are  0  Alpha.  1  Beta. "},
+      {"1", "Speech Voice changed to Beta"},
+      {"as", "Announce Sun ON."},
+      {"naj", "Announce Jupiter OFF."},
+      {"t", "Real Time Mode.  Current Time 07/05/2006 12:00:00"},
+      {"fix", "Fixed Time Mode.  Current Time 07/05/2006 12:00:00"},
+      {"t", "Fixed Time Mode.  Current Time 07/05/2006 12:00:00"},
+  };
+  for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+  EXPECT_EQ(program->session.p.ObsLat, 45.5f);
+  EXPECT_EQ(settings.GetSetting(kAppTitle, "Startup", "AnnounceDelay", ""), "10");
+  EXPECT_EQ(program->cleared, static_cast<int>(std::size(steps)));
+  program->session.commands->Enter("q");
+  EXPECT_EQ(program->quits, 1);
+}
+
+TEST_F(Interpreter, PredictionModeWithoutAWindow) {
+  const struct {
+    const char *typed, *said;
+  } steps[] = {
+      {"p", "Prediction Moded Entered.  Press F1 for Prediction Mode Help."},
+      {"p", "You are in prediction mode."},
+      {"je", "je not recognized. You are in Predict Mode. Type N for normal mode."},
+      {"d", "Prediction Duration in Days is  1"},
+      {"0", "Prediction Duration changed to  0days."},
+      {"t", "Prediction Start Date 07/05/2006"},
+      {"12/31/2006", "Prediction Start Date. 12/31/2006"},
+      {"nxt", "Prediction Start Date is Now. 01/01/2007"},
+      {"f", "No prediction report has been saved yet."},
+      {"i", "'I' 'O' related storms only will be predicted."},
+      {"ni", "All storms will be predicted."},
+      {"t", "Prediction Start Date 01/01/2007"},
+      {"07/05/2006", "Prediction Start Date. 07/05/2006"},
+      {"sr", "Saved Report 20060705JP.TXT"},
+      {"fn", "Last Saved Prediction Report was 20060705JP.TXT ."},
+      {"n", "Normal Mode Resumed. "},
+  };
+  for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+  EXPECT_TRUE(std::filesystem::exists(dir.Path("20060705JP.TXT")));
+  EXPECT_EQ(program->prediction, nullptr);
+}
+
+TEST_F(Interpreter, ReadingDaysStopsAtEscAndReturnsToTheFirstDay) {
+  for (const char* typed : {"p", "t", "07/05/2006", "d", "2"}) Said(typed);
+  voice->calls.clear();
+  program->session.commands->Enter("r");
+  const auto texts = voice->Texts();
+  ASSERT_GE(texts.size(), 3u);
+  EXPECT_EQ(texts.front(), " Predictions for 07/05/2006 .");
+  EXPECT_EQ(texts[1], "Mode Io-A");
+  EXPECT_NE(std::find(texts.begin(), texts.end(), " Predictions for 07/06/2006 ."), texts.end());
+  EXPECT_EQ(program->prediction->core().txtDay, "5");
+  program->session.commands->Escape();
+  EXPECT_EQ(Said("r"), "Prediction Reed canceled.");
+}
+
+TEST_F(Interpreter, KeysReadBackAndWalkTheHelpOfTheMode) {
+  voice->calls.clear();
+  program->session.commands->ReadBack("j`e.");
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"j", "e", "."}));
+  EXPECT_EQ(CommandInterpreter::WithoutAccents("j`e.`"), "je.");
+  voice->calls.clear();
+  program->session.commands->F1();
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"Normal help.", "First help line."}));
+  Said("p");
+  voice->calls.clear();
+  program->session.commands->F1();
+  EXPECT_EQ(voice->Texts(), (std::vector<std::string>{"Prediction help."}));
+}
+
+}  // namespace
+}  // namespace quillmere::testing
