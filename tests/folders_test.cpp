@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "storm_test_support.h"
+
 namespace quillmere {
 namespace {
 namespace fs = std::filesystem;
@@ -14,13 +16,15 @@ namespace fs = std::filesystem;
 class Folders : public ::testing::Test {
  protected:
   void SetUp() override {
-    root = fs::path(::testing::TempDir()) /
-           ("folders_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-    fs::remove_all(root);
+    // A folder no other test process can have: ctest runs them side by side.
+    root = testing::MakeUniqueDir("quillmere-folders-");
     fs::create_directories(root / "home");
     env.home = (root / "home").string();
   }
-  void TearDown() override { fs::remove_all(root); }
+  void TearDown() override {
+    std::error_code ec;
+    fs::remove_all(root, ec);
+  }
   void UserDirs(const std::string& text) {
     fs::create_directories(root / "home/.config");
     std::ofstream(root / "home/.config/user-dirs.dirs") << text;

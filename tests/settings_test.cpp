@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "mainwindow/qt_platform.h"
+#include "storm_test_support.h"
 
 namespace quillmere {
 namespace {
@@ -17,12 +18,13 @@ const char* const kApp = "Quillmere Speaking Edition";
 class IniSettingsTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    dir = fs::path(::testing::TempDir()) /
-          ("settings_" + std::to_string(reinterpret_cast<uintptr_t>(this)));
-    fs::remove_all(dir);
-    fs::create_directories(dir);
+    // A folder no other test process can have: ctest runs them side by side.
+    dir = testing::MakeUniqueDir("quillmere-settings-test-");
   }
-  void TearDown() override { fs::remove_all(dir); }
+  void TearDown() override {
+    std::error_code ec;
+    fs::remove_all(dir, ec);
+  }
   fs::path dir;
   std::vector<std::string> heard;
 };
