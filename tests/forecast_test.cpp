@@ -97,9 +97,7 @@ TEST(Forecast, SameEventsAsTheReportOverRandomPeriods) {
 }
 
 TEST(Forecast, EveryEventOfADayWithAltitudesFromItsEdges) {
-  ScratchDir dir;
-  ModeTable modes;
-  LoadModeFile(dir.File("m.JMF", "All,0,360,0,360\r\n"), modes);
+  const ModeTable modes = testing::ModesFrom("All,0,360,0,360\r\n");
   ForecastRequest r;
   r.start = *DateSerial(2006, 7, 5);
   r.ObsLat = 30;
@@ -133,9 +131,7 @@ TEST(ModeEvents, AllRunsInOrderWhereTheGridShowsThree) {
 }
 
 TEST(SearchDay, GivesTBackAndPredictDayMovesNothing) {
-  ScratchDir dir;
-  ModeTable modes;
-  LoadModeFile(dir.File("m.JMF", "All,0,360,0,360\r\n"), modes);
+  const ModeTable modes = testing::ModesFrom("All,0,360,0,360\r\n");
   EphemerisState s;
   s.T = 40000.25;
   const DayPrediction a = SearchDay(s, 38903, 30, 80, modes, {});

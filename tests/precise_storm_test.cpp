@@ -14,16 +14,12 @@
 namespace quillmere {
 namespace {
 
-using testing::ScratchDir;
-
 // The classic tables start at 00:10 although they are read as 00:00, so their event edges come
 // about 9 minutes early (the precise tables start at 00:00). Over a year of one CML-only region,
 // whose edges move with the central meridian alone, the precise events begin and end a median
 // 9 minutes after the classic ones (CML III's 0.7 deg adds about a minute the other way).
 TEST(PreciseStormSearch, EventEdgesComeAboutNineMinutesLater) {
-  ScratchDir dir;
-  ModeTable modes;
-  LoadModeFile(dir.File("m.JMF", "Non-A,200,260,0,360\r\n"), modes);
+  const ModeTable modes = testing::ModesFrom("Non-A,200,260,0,360\r\n");
   ForecastRequest r;
   r.start = *DateSerial(2025, 1, 1);
   r.days = 120;

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "stormmodel/mode_table.h"
 #include "stormmodel/storm_ui.h"
 
 namespace quillmere::testing {
@@ -59,6 +60,14 @@ class ScratchDir {
  private:
   std::filesystem::path path_;
 };
+
+// The mode table that a mode file of this text gives.
+inline ModeTable ModesFrom(const std::string& modeFile) {
+  ScratchDir dir;
+  ModeTable modes;
+  LoadModeFile(dir.File("m.JMF", modeFile), modes);
+  return modes;
+}
 
 // Records what the model asks of the windows and the voice; `onYield` stands in for events that
 // run while a report yields.
