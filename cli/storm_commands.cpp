@@ -11,8 +11,11 @@
 #include "cli/output.h"
 #include "ephemeris/precise.h"
 #include "folders/folders.h"
-#include "stormmodel/prediction.h"
+#include "stormmodel/day_search.h"
+#include "stormmodel/report.h"
+#include "stormmodel/settings_sections.h"
 #include "textutil/date_time.h"
+#include "textutil/number_text.h"
 
 namespace quillmere::cli {
 namespace {
@@ -72,52 +75,11 @@ bool LoadModes(const Args& args, ModeTable& modes) {
 
 namespace {
 
-// Messages go to standard error; the voice is silent here except for what the caller wants
-// to know of a report: whether saving failed.
-class ToolUi : public StormUi {
- public:
-  void ShowMessage(const std::string& text) override {
-    std::fprintf(stderr, "%s\n", text.c_str());
-    ++messages;
-  }
-  void SpeakThis(const std::string& text) override {
-    if (text.starts_with("There was an error trying to save ")) saveError = text;
-  }
-  void SpeakCharacters(const std::string&) override {}
-  void Yield() override {}
-  void ShowReportOptions() override {}
-
-  int messages = 0;
-  std::string saveError;
-};
-
-// Everything a prediction needs, with the mode file loaded and the window's load run for `day`.
-struct Session {
-  EphemerisState s;
-  StormValues storm;
-  ProgramValues program;
-  MemorySettings settings;
-  ToolUi ui;
-  PredictionWindow form3{s, storm, program, settings, ui};
-
-  // False when the mode file failed; its message is printed.
-  bool Open(const Args& args, double day, bool includeHA) {
-    program.ObsLat = ParseLatitude("--lat", args.Required("--lat"));
-    program.ObsLong = ParseLongitude("--long", args.Required("--long"));
-    const std::string app = program.AppTitle;
-    settings.SaveSetting(app, "Settings", "ReportJupAltMin",
-                         NumberArgument(args, "--jup-alt-min", "0"));
-    settings.SaveSetting(app, "Settings", "ReportSunAltMax",
-                         NumberArgument(args, "--sun-alt-max", "0"));
-    settings.SaveSetting(app, "Settings", "ReportIncludeHA", includeHA ? " 1" : " 0");
-
-    s.model = EphemerisArgument(args);
-    if (!LoadModes(args, storm.Modes)) return false;
-    s.T = day;
-    form3.Form_Load(false, day);
-    return ui.messages == 0;
-  }
-};
+// The limits of --jup-alt-min and --sun-alt-max as the window's first search reads its boxes.
+SearchLimits LimitArguments(const Args& args) {
+  return {SingleOf(Val(NumberArgument(args, "--jup-alt-min", "0"))),
+          SingleOf(Val(NumberArgument(args, "--sun-alt-max", "0"))), 0};
+}
 
 void PrintGrid(const PredictionGrid& grid) {
   size_t nameWidth = 9;
@@ -133,13 +95,13 @@ void PrintGrid(const PredictionGrid& grid) {
   }
 }
 
-void PrintJson(const StormValues& storm, const PredictionGrid& grid) {
+void PrintJson(const ActivityTable& DayActivity, const PredictionGrid& grid) {
   std::string out = "{\n  \"DayActivity\": [";
   for (int m = 1; m <= kActivityModes; ++m) {
     out += m > 1 ? ",\n    [" : "\n    [";
     for (int i = 0; i < kMinuteRows; ++i) {
       if (i) out += ',';
-      out += std::to_string(storm.DayActivity(m, i));
+      out += std::to_string(DayActivity(m, i));
     }
     out += "]";
   }
@@ -192,49 +154,60 @@ const char* const kReportUsage =
     "  (--modes, --jup-alt-min and --sun-alt-max as for predict; --json is not used)\n";
 
 int Predict(const Args& args) {
-  Session session;
-  if (!session.Open(args, DayArgument(args, "--day"), false)) return 1;
+  const double day = DayArgument(args, "--day");
+  const float lat = ParseLatitude("--lat", args.Required("--lat"));
+  const float lng = ParseLongitude("--long", args.Required("--long"));
+  const SearchLimits limits = LimitArguments(args);
+  const EphemerisModel model = EphemerisArgument(args);
+  ModeTable modes;
+  if (!LoadModes(args, modes)) return 1;
+  const DayPrediction d = PredictDay(day, lat, lng, modes, limits, model);
+  const PredictionGrid grid = GridOf(modes, d.DayActivity);
   if (args.Has("--json"))
-    PrintJson(session.storm, session.form3.Grid1);
+    PrintJson(d.DayActivity, grid);
   else
-    PrintGrid(session.form3.Grid1);
+    PrintGrid(grid);
   return 0;
 }
 
 int Report(const Args& args) {
-  const double start = DayArgument(args, "--start");
-  const double end = DayArgument(args, "--end");
-  if (end < start) throw UsageError("bad --end '" + args.Required("--end") + "': before --start");
+  ReportRequest r;
+  r.start = DayArgument(args, "--start");
+  r.end = DayArgument(args, "--end");
+  if (r.end < r.start)
+    throw UsageError("bad --end '" + args.Required("--end") + "': before --start");
   const std::string order = args.Optional("--date-order").value_or("0");
   if (order != "0" && order != "1" && order != "2")
     throw UsageError("bad --date-order '" + order + "': expected 0, 1 or 2");
-  const std::string west = args.Optional("--display-west").value_or("W");
-  if (west != "W" && west != "E")
-    throw UsageError("bad --display-west '" + west + "': expected W or E");
-  const double minDuration =
-      std::strtod(NumberArgument(args, "--min-duration", "0").c_str(), nullptr);
-
-  Session session;
-  session.program.DFormat = static_cast<int16_t>(order[0] - '0');
-  session.program.DisplayWest = west;
-  if (!session.Open(args, start, args.Has("--include-ha"))) return 1;
-  StormValues& storm = session.storm;
-  storm.ReportStart = start;
-  storm.ReportEnd = end;
-  storm.ReportMinDuration = SingleOf(minDuration);
-  storm.ReportIoOnly = args.Has("--io-only") ? -1 : 0;
-  storm.ReportNoNONE = args.Has("--no-none") ? -1 : 0;
-  storm.ReportHeader = -1;
+  r.DFormat = static_cast<int16_t>(order[0] - '0');
+  r.DisplayWest = args.Optional("--display-west").value_or("W");
+  if (r.DisplayWest != "W" && r.DisplayWest != "E")
+    throw UsageError("bad --display-west '" + r.DisplayWest + "': expected W or E");
+  r.MinDuration =
+      SingleOf(std::strtod(NumberArgument(args, "--min-duration", "0").c_str(), nullptr));
+  r.ObsLat = ParseLatitude("--lat", args.Required("--lat"));
+  r.ObsLong = ParseLongitude("--long", args.Required("--long"));
+  // The report starts from the boxes as the window's first search left them.
+  const SearchLimits limits = LimitArguments(args);
+  r.JupAltMin = StoredLimit(limits.JupAltMin);
+  r.SunAltMax = StoredLimit(limits.SunAltMax);
+  r.choices = {static_cast<int16_t>(args.Has("--include-ha") ? -1 : 0),
+               static_cast<int16_t>(args.Has("--io-only") ? -1 : 0),
+               static_cast<int16_t>(args.Has("--no-none") ? -1 : 0)};
+  r.VersionText = ProgramValues{}.VersionText;
+  r.model = EphemerisArgument(args);
+  ModeTable modes;
+  if (!LoadModes(args, modes)) return 1;
 
   const std::string dir = args.Optional("--dir").value_or(".");
-  session.form3.DoReport(dir);
-  if (!session.ui.saveError.empty()) {
-    std::fprintf(stderr, "quillmere-cli: %s\n", session.ui.saveError.c_str());
+  const ReportOutcome written = WriteReport(modes, r, dir);
+  const std::string path =
+      args.Has("--dir") ? (std::filesystem::path(dir) / written.file).string() : written.file;
+  if (!written.error.empty()) {
+    std::fprintf(stderr, "quillmere-cli: %s\n", written.error.c_str());
     return 1;
   }
-  std::printf("%s\n", args.Has("--dir")
-                          ? (std::filesystem::path(dir) / session.form3.FFF).string().c_str()
-                          : session.form3.FFF.c_str());
+  std::printf("%s\n", path.c_str());
   return 0;
 }
 

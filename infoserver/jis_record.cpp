@@ -4,27 +4,8 @@
 #include "textutil/number_text.h"
 
 namespace quillmere {
-namespace {
-
-int16_t Stored16(const std::string& text) {
-  const double v = RoundHalfEven(Val(text));
-  return v >= -32768 && v <= 32767 ? static_cast<int16_t>(v) : 0;
-}
-
-}  // namespace
-
 JISSettings ReadJISSettings(const SettingsStore& store, const std::string& AppTitle) {
-  JISSettings j;
-  j.RunJISText = store.GetSetting(AppTitle, "Settings", "RunJIS", "0");
-  j.RunJIS = Stored16(j.RunJISText);
-  j.PushJISText = store.GetSetting(AppTitle, "Settings", "PushJIS", "0");
-  j.PushJIS = Stored16(j.PushJISText);
-  j.JISIP = store.GetSetting(AppTitle, "Settings", "JISIP", "127.0.0.1");
-  j.JISPortText = store.GetSetting(AppTitle, "Settings", "JISPort", "4711");
-  j.JISPort = Stored16(j.JISPortText);
-  j.JISMinText = store.GetSetting(AppTitle, "Settings", "JISMin", "10");
-  j.JISMin = Stored16(j.JISMinText);
-  return j;
+  return ReadProgramSettings(store, AppTitle).jis;
 }
 
 std::string ComposeJISRecord(const EphemerisState& s, const std::string& LMSTCaption, int16_t alrt,

@@ -95,11 +95,8 @@ std::optional<std::string> LmstCaption(float x) {
 
 std::string ObserverCaption(const ProgramState& p) {
   std::string text = "Lat : " + LatToText(p.ObsLat) + "\r\n";
-  if (p.DisplayWest == "W")
-    text += "Long: " + LongToText(p.ObsLong) + " W";
-  else
-    text += "Long: " + LongToText(static_cast<float>(360 - p.ObsLong)) + " E";
-  return text;
+  return text + "Long: " + ShownLongitude(p.ObsLong, p.DisplayWest) +
+         (p.DisplayWest == "W" ? " W" : " E");
 }
 
 double BoxesInstant(const ProgramState& p, const EphemerisState& s, double localNow) {

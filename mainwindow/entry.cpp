@@ -38,27 +38,6 @@ std::optional<double> TimePart(const std::string& s, size_t i) {
 
 }  // namespace
 
-bool IsNumeric(const std::string& text) {
-  const std::string s = Trimmed(text, " \t");
-  size_t i = 0;
-  if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
-  size_t digits = 0;
-  while (i < s.size() && IsDigit(s[i])) ++i, ++digits;
-  if (i < s.size() && s[i] == '.') {
-    ++i;
-    while (i < s.size() && IsDigit(s[i])) ++i, ++digits;
-  }
-  if (digits == 0) return false;
-  if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
-    ++i;
-    if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
-    size_t exponent = 0;
-    while (i < s.size() && IsDigit(s[i])) ++i, ++exponent;
-    if (exponent == 0) return false;
-  }
-  return i == s.size();
-}
-
 std::optional<double> ParseDateTimeEntry(const std::string& text) {
   const std::string s = Trimmed(text, " \t");
   if (s.find('/') == std::string::npos) return TimePart(s, 0);

@@ -4,11 +4,9 @@
 #include <optional>
 #include <string>
 
-namespace quillmere {
+#include "textutil/number_text.h"
 
-// What the number parser reads as a whole: optional sign, digits, optional point, optional
-// exponent. Blanks around it are allowed.
-bool IsNumeric(const std::string& text);
+namespace quillmere {
 
 // A date and time read month first: "MM/DD/YYYY", "MM/DD/YYYY HH:MM[:SS]" and a time alone
 // "HH:MM[:SS]" (on 30 December 1899, the date-time value's zero day). Nothing when the text is

@@ -317,13 +317,12 @@ void Form1::SwitchToRealTime() {
 }
 
 void Form1::ArrangeDateBoxes() {
-  const char* caption = session_.DateOrderCaption();
-  if (!caption) return;  // the design's order stands
-  QLineEdit* const orders[3][3] = {{txtY, txtM, txtD}, {txtM, txtD, txtY}, {txtD, txtM, txtY}};
-  QLineEdit* const* order = orders[p_.DFormat];
-  for (int i = 0; i < 3; ++i) dateRow_->removeWidget(order[i]);
-  for (int i = 0; i < 3; ++i) dateRow_->insertWidget(1 + i, order[i]);
-  session_.SetCaption("LBLDateFormat", caption);
+  const DateOrder* order = DateOrderOf(p_.DFormat);
+  if (!order) return;  // the design's order stands
+  QLineEdit* const boxes[3] = {txtY, txtM, txtD};
+  for (int f : order->fields) dateRow_->removeWidget(boxes[f]);
+  for (int i = 0; i < 3; ++i) dateRow_->insertWidget(1 + i, boxes[order->fields[i]]);
+  session_.SetCaption("LBLDateFormat", order->caption);
 }
 
 void Form1::FillObLabel() {

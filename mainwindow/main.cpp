@@ -9,6 +9,7 @@
 #include "folders/folders.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/qt_platform.h"
+#include "mainwindow/startup.h"
 #include "speech/voice_starter.h"
 
 int main(int argc, char** argv) {
@@ -35,8 +36,7 @@ int main(int argc, char** argv) {
                           {InstalledDataFolder(programFolder), programFolder}};
   platform.enterProgramDirectory = true;
   // The engine starts now, on a thread of its own, and is collected at its step of the start.
-  VoiceStarter voice(
-      settings.GetSetting("Quillmere Speaking Edition", "Startup", "SpeechEngine", ""), std::cout);
+  VoiceStarter voice(ReadStartupSettings(settings, kAppTitle).SpeechEngine, std::cout);
   platform.createVoice = [&voice] { return voice.Take(); };
   platform.voiceNotice = [&voice] { return voice.Notice(); };
   Form1 form(platform);

@@ -4,32 +4,10 @@
 #include <cctype>
 #include <cmath>
 
-#include "ephemeris/precise.h"
-#include "mainwindow/entry.h"
 #include "textutil/number_text.h"
 #include "textutil/text.h"
 
 namespace quillmere {
-namespace {
-
-// A stored text read as a 16-bit boolean: "True" / "False" in any case, or a number.
-int16_t StoredBoolean(const std::string& text) {
-  std::string lower = text;
-  std::transform(lower.begin(), lower.end(), lower.begin(), ::tolower);
-  if (lower == "true") return -1;
-  if (lower == "false") return 0;
-  const double v = Val(text);
-  return std::isfinite(v) && v != 0 && (IsNumeric(text)) ? -1 : 0;
-}
-
-// A stored number read into a 32-bit field; a value the field cannot hold reads as 0.
-float StoredSingle(const std::string& text) {
-  const double v = Val(text);
-  return std::fabs(v) <= 3.4028234663852886e38 ? static_cast<float>(v) : 0.0f;
-}
-
-}  // namespace
-
 std::string VersionText() {
   return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
          std::to_string(kVersionRevision);
@@ -37,19 +15,18 @@ std::string VersionText() {
 
 void LoadStartupSettings(SettingsStore& st, const std::string& defaultModeFile, ProgramState& p,
                          EphemerisState& s) {
-  const std::string& app = p.AppTitle;
-  const double dformat = RoundHalfEven(Val(st.GetSetting(app, "Settings", "DFormat", "0")));
-  p.DFormat = dformat >= -32768 && dformat <= 32767 ? static_cast<int16_t>(dformat) : 0;
-  p.ModeFileName = st.GetSetting(app, "Startup", "ModeFileName", defaultModeFile);
-  p.UseGMT = StoredBoolean(st.GetSetting(app, "Startup", "UseGMT", "True"));
-  p.DisplayWest = st.GetSetting(app, "Startup", "DisplayWest", "W");
-  const double delay = Val(st.GetSetting(app, "Startup", "AnnounceDelay", "0"));
-  p.AnnounceDelay = std::isfinite(delay) ? delay : 0;
-  p.AnnounceActivity = st.GetSetting(app, "Startup", "AnnounceActivity", "0") == "1" ? -1 : 0;
-  p.ObsLat = StoredSingle(st.GetSetting(app, "Settings", "Latitude", "0"));
-  p.ObsLong = StoredSingle(st.GetSetting(app, "Settings", "Longitude", "0"));
+  const StartupSettings startup = ReadStartupSettings(st, p.AppTitle, defaultModeFile);
+  const ProgramSettings settings = ReadProgramSettings(st, p.AppTitle);
+  p.DFormat = settings.DFormat;
+  p.ModeFileName = startup.ModeFileName;
+  p.UseGMT = startup.UseGMT;
+  p.DisplayWest = startup.DisplayWest;
+  p.AnnounceDelay = startup.AnnounceDelay;
+  p.AnnounceActivity = startup.AnnounceActivity;
+  p.ObsLat = settings.Latitude;
+  p.ObsLong = settings.Longitude;
   // The ephemeris is chosen once, before the first sidereal time: classic unless asked otherwise.
-  s.model = EphemerisModelSetting(st.GetSetting(app, "Settings", "Ephemeris", "classic"));
+  s.model = settings.Ephemeris;
 }
 
 std::vector<std::string> MessageLines(const std::string& text) {

@@ -8,7 +8,7 @@
 #include "ephemeris/ephemeris_state.h"
 #include "infoserver/jis_record.h"
 #include "mainwindow/program_state.h"
-#include "stormmodel/settings_store.h"
+#include "stormmodel/settings_sections.h"
 
 namespace quillmere {
 

@@ -15,6 +15,7 @@ fail() {
 files="bin/quillmere-cli share/quillmere/UFMODES.JMF share/quillmere/SpkHlp.txt
   share/quillmere/PredictHlp.txt share/doc/quillmere/copyright share/man/man1/quillmere-cli.1.gz"
 [ "${2:-}" = gui ] && files="$files bin/quillmere bin/quillmere-term share/man/man1/quillmere.1.gz
+  share/man/man1/quillmere-term.1.gz
   share/applications/org.quillmere.Quillmere.desktop
   share/metainfo/org.quillmere.Quillmere.metainfo.xml
   share/icons/hicolor/scalable/apps/org.quillmere.Quillmere.svg"

@@ -310,9 +310,7 @@ void CommandInterpreter::DoPredictCommand(const std::string& C, const std::strin
 
 std::optional<double> CommandInterpreter::StartDate() {
   const PredictionWindow& w = host_.Prediction().core();
-  const auto year = BoxInt16(w.txtYear), month = BoxInt16(w.txtMonth), day = BoxInt16(w.txtDay);
-  if (!year || !month || !day) return std::nullopt;
-  return DateSerial(*year, *month, *day);
+  return ReadDateBoxes(w.txtYear, w.txtMonth, w.txtDay).date;
 }
 
 // Day, month and year go into the boxes as plain numbers, in that order.
@@ -397,7 +395,7 @@ void CommandInterpreter::DoValue(std::string S) {
       p_.ObsLat = v;
       host_.FillObLabel();
       reply = "Latitude changed to " + cvtLngSpoken(S);
-      store.SaveSetting(p_.AppTitle, "Settings", "Latitude", NumberText(p_.ObsLat));
+      SaveLatitude(store, p_.AppTitle, p_.ObsLat);
     }
   } else if (waiting == "LNG" || waiting == "LG") {
     const float v = TextToLong(S);
@@ -406,7 +404,7 @@ void CommandInterpreter::DoValue(std::string S) {
       p_.ObsLong = v;
       host_.FillObLabel();
       reply = "Longitude changed to " + cvtLngSpoken(S);
-      store.SaveSetting(p_.AppTitle, "Settings", "Longitude", NumberText(p_.ObsLong));
+      SaveLongitude(store, p_.AppTitle, p_.ObsLong);
     }
   } else if (waiting == "TZ") {
     const double v = Val(S);
@@ -419,14 +417,14 @@ void CommandInterpreter::DoValue(std::string S) {
     if (InRange(v, 0, 1440)) {
       p_.AnnounceDelay = v;
       reply = "Announce Delay changed to " + S + "minutes.";
-      store.SaveSetting(p_.AppTitle, "Startup", "AnnounceDelay", S);
+      SaveAnnounceDelay(store, p_.AppTitle, S);
     }
   } else if (waiting == "VR") {
     const double v = Val(S);
     if (InRange(v, -10, 10)) {
       speaker_.voice().SetRate(static_cast<int>(RoundHalfEven(v)));
       reply = "Speech Rate changed to " + S;
-      store.SaveSetting(p_.AppTitle, "Startup", "SpeechRate", S);
+      SaveSpeechRate(store, p_.AppTitle, S);
     }
   } else if (waiting == "VT") {
     const double v = Val(S);
@@ -435,7 +433,7 @@ void CommandInterpreter::DoValue(std::string S) {
     } else if (InRange(v, 0, static_cast<double>(p_.VoiceNames.size() - 1))) {
       speaker_.voice().SetVoice(static_cast<int>(RoundHalfEven(v)));
       reply = "Speech Voice changed to " + speaker_.voice().GetDescription();
-      store.SaveSetting(p_.AppTitle, "Startup", "VoiceType", S);
+      SaveVoiceType(store, p_.AppTitle, S);
     }
   } else if (waiting == "FT") {
     // A time alone keeps the date of T.

@@ -12,7 +12,7 @@
 #include "speech/help.h"
 #include "speech/speaker.h"
 #include "stormmodel/prediction.h"
-#include "stormmodel/settings_store.h"
+#include "stormmodel/settings_sections.h"
 
 namespace quillmere {
 

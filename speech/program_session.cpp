@@ -150,16 +150,8 @@ void ProgramSession::DisplayTimes() {
 }
 
 const char* ProgramSession::DateOrderCaption() const {
-  switch (p.DFormat) {
-    case 0:
-      return "YYYY  MM  DD";
-    case 1:
-      return "MM  DD  YYYY";
-    case 2:
-      return "DD  MM  YYYY";
-    default:
-      return nullptr;  // the design's order stands
-  }
+  const DateOrder* order = DateOrderOf(p.DFormat);
+  return order ? order->caption : nullptr;  // none: the design's order stands
 }
 
 void ProgramSession::DisplayInfo() {

@@ -296,6 +296,10 @@ void QtVoice::SetRate(int rate) {
   engine_->Post([e, r] { e->tts->setRate(r); });
 }
 
+bool QtEngineInstalled(const std::string& engine) {
+  return QTextToSpeech::availableEngines().contains(QString::fromStdString(engine));
+}
+
 std::string DefaultSpeechEngine() {
 #if defined(Q_OS_WIN)
   return "sapi";

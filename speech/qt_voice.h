@@ -58,6 +58,9 @@ class QtVoice : public Voice {
   int timeouts_ = 0;  // synchronous waits in a row that ran out of time
 };
 
+// Whether QTextToSpeech offers the engine of that name here.
+bool QtEngineInstalled(const std::string& engine);
+
 // The engine used when the setting names none: "sapi" on Windows, "darwin" (or "macos") on macOS,
 // "speechd" elsewhere.
 std::string DefaultSpeechEngine();

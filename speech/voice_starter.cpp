@@ -1,8 +1,5 @@
 #include "speech/voice_starter.h"
 
-#include <QString>
-#include <QTextToSpeech>
-
 #include "speech/qt_voice.h"
 #include "speech/text_voice.h"
 
@@ -39,7 +36,7 @@ VoiceStarter::VoiceStarter(const std::string& SpeechEngine, std::ostream& textOu
   // A QtTextToSpeech engine is made here, on the thread that will use it; at most one is tried.
   for (const std::string& engine : order) {
     if (IsOwnEngine(engine)) continue;
-    if (QTextToSpeech::availableEngines().contains(QString::fromStdString(engine))) {
+    if (QtEngineInstalled(engine)) {
       qtEngine_ = engine;
       qtVoice_ = std::make_unique<QtVoice>(engine, textOut_);
       break;

@@ -3,16 +3,11 @@
 #include <limits>
 
 #include "stormmodel/day_search.h"
+#include "stormmodel/settings_sections.h"
 #include "textutil/date_time.h"
 #include "textutil/number_text.h"
 
 namespace quillmere {
-namespace {
-
-const char* const kSettings = "Settings";
-
-}  // namespace
-
 std::string MinutesToClock(int minutes) {
   auto two = [](int n) {
     std::string t = std::to_string(n);
@@ -40,13 +35,13 @@ float SingleOf(double value) {
 }
 
 void PredictionWindow::Form_Load(bool RealTime, double FixedT) {
-  storm_.ReportIncludeHA =
-      Val(settings_.GetSetting(program_.AppTitle, kSettings, "ReportIncludeHA", "0")) == 1 ? -1 : 0;
+  const ReportSettings stored = ReadProgramSettings(settings_, program_.AppTitle).report;
+  storm_.ReportIncludeHA = stored.ReportIncludeHA;
   SaveT(s_);
   PredictTime = RealTime ? s_.T : FixedT;
   WriteDateBoxes();
-  txtJupAltMin = settings_.GetSetting(program_.AppTitle, kSettings, "ReportJupAltMin", "0");
-  txtSunAltMax = settings_.GetSetting(program_.AppTitle, kSettings, "ReportSunAltMax", "0");
+  txtJupAltMin = stored.ReportJupAltMin;
+  txtSunAltMax = stored.ReportSunAltMax;
   DoPredictions();
 }
 
@@ -68,40 +63,38 @@ void PredictionWindow::DoPredictions() {
     ui_.ShowMessage(kDatesPrior1900);
     return;
   }
-  SaveT(s_);
-  storm_.DayActivity = ActivityTable{};
-  FillMinuteTables(s_, storm_.Minutes, PredictTime, program_.ObsLat, program_.ObsLong);
-
   storm_.JupAltMin = SingleOf(Val(txtJupAltMin));
   storm_.SunAltMax = SingleOf(Val(txtSunAltMax));
-  settings_.SaveSetting(program_.AppTitle, "Settings", "ReportJupAltMin",
-                        NumberText(storm_.JupAltMin));
-  settings_.SaveSetting(program_.AppTitle, "settings", "ReportSunAltMax",
-                        NumberText(storm_.SunAltMax));
+  SaveReportLimits(settings_, program_.AppTitle, storm_.JupAltMin, storm_.SunAltMax);
 
-  ComputeReportEvents();
-  FillGrid();
+  // The one place where the window's search moves the program's own state: T comes back as it
+  // was, and the fields that the day's tables moved stay moved for whoever reads them next (the
+  // info server, in fixed time).
+  DayPrediction day =
+      SearchDay(s_, PredictTime, program_.ObsLat, program_.ObsLong, storm_.Modes, Limits());
+  storm_.Minutes = day.Minutes;
+  storm_.DayActivity = day.DayActivity;
+  Grid1 = GridOf(storm_.Modes, storm_.DayActivity);
+  for (int m = 1; m < Grid1.Rows(); ++m) LBLMode[m - 1] = Grid1.TextMatrix(m, 0);
   HourBar();
   ui_.DayPredicted();
-  RestoreT(s_);
 }
 
-void PredictionWindow::ComputeReportEvents() {
+SearchLimits PredictionWindow::Limits() const {
   // Only a report drops the short runs, so the window's own day is never shortened.
   const float minDuration = ReportRunning ? storm_.ReportMinDuration : 0;
-  MarkDay(storm_.Modes, storm_.Minutes, {storm_.JupAltMin, storm_.SunAltMax, minDuration},
-          storm_.DayActivity);
+  return {storm_.JupAltMin, storm_.SunAltMax, minDuration};
 }
 
-void PredictionWindow::FillGrid() {
-  const int count = UsableModes(storm_.Modes);
-  Grid1.cells.assign(count + 1, {});
-  Grid1.cells[0] = {"", "Begin", " End", "Begin", " End", "Begin", " End"};
+PredictionGrid GridOf(const ModeTable& modes, const ActivityTable& marks) {
+  PredictionGrid grid;
+  const int count = UsableModes(modes);
+  grid.cells.assign(count + 1, {});
+  grid.cells[0] = {"", "Begin", " End", "Begin", " End", "Begin", " End"};
   for (int m = 1; m <= count; ++m) {
-    auto& row = Grid1.cells[m];
-    row[0] = storm_.Modes.ModeName[m];
-    LBLMode[m - 1] = storm_.Modes.ModeName[m];
-    const std::vector<DayEvent> events = ModeEvents(storm_.DayActivity, m);
+    auto& row = grid.cells[m];
+    row[0] = modes.ModeName[m];
+    const std::vector<DayEvent> events = ModeEvents(marks, m);
     if (events.empty()) row[1] = "NONE";
     // The grid has room for three events of a mode.
     for (size_t e = 0; e < events.size() && e < 3; ++e) {
@@ -109,35 +102,35 @@ void PredictionWindow::FillGrid() {
       row[2 + 2 * e] = MinutesToClock(events[e].end);
     }
   }
+  return grid;
 }
 
 // The chart's bands are the window's; what stays here is that the limit boxes show the saved
-// numbers in their plain form after each search.
+// numbers in their plain form after each search, as read back from the store.
 void PredictionWindow::HourBar() {
-  storm_.SunAltMax =
-      SingleOf(Val(settings_.GetSetting(program_.AppTitle, kSettings, "ReportSunAltMax", "0")));
+  storm_.SunAltMax = StoredLimit(storm_.SunAltMax);
   txtSunAltMax = PlainNumber(storm_.SunAltMax);
-  storm_.JupAltMin =
-      SingleOf(Val(settings_.GetSetting(program_.AppTitle, kSettings, "ReportJupAltMin", "0")));
+  storm_.JupAltMin = StoredLimit(storm_.JupAltMin);
   txtJupAltMin = PlainNumber(storm_.JupAltMin);
 }
 
+BoxesDate ReadDateBoxes(const std::string& year, const std::string& month, const std::string& day) {
+  const auto y = BoxInt16(year), m = BoxInt16(month), d = BoxInt16(day);
+  if (!y || !m || !d) return {};
+  return {true, *y, DateSerial(*y, *m, *d)};
+}
+
 bool PredictionWindow::ChkValidDate() {
-  const auto y = BoxInt16(txtYear), m = BoxInt16(txtMonth), d = BoxInt16(txtDay);
-  if (!y || !m || !d) {
-    ui_.ShowMessage(kDateOutOfRange);
-    return false;
-  }
-  if (*y < 1900) {
+  const BoxesDate boxes = ReadDateBoxes(txtYear, txtMonth, txtDay);
+  if (boxes.numbers && boxes.year < 1900) {
     ui_.ShowMessage(kDatesPrior1900);
     return false;
   }
-  const auto date = DateSerial(*y, *m, *d);
-  if (!date) {
+  if (!boxes.date) {
     ui_.ShowMessage(kDateOutOfRange);
     return false;
   }
-  PredictTime = *date;
+  PredictTime = *boxes.date;
   return true;
 }
 

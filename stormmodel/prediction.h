@@ -31,6 +31,9 @@ struct PredictionGrid {
   const std::string& TextMatrix(int row, int col) const { return cells[row][col]; }
 };
 
+// The grid of a day's marks: up to three runs of each usable mode, "NONE" for a mode without one.
+PredictionGrid GridOf(const ModeTable& modes, const ActivityTable& marks);
+
 // The main window's values that the storm model reads.
 struct ProgramValues {
   std::string AppTitle = "Quillmere Speaking Edition";
@@ -83,9 +86,9 @@ class PredictionWindow {
   // The load's steps that are no widget work; the search of the day at the end.
   void Form_Load(bool RealTime, double FixedT);
   void DoPredictions();
-  void ComputeReportEvents();
-  // The grid's rows from DayActivity: the step of DoPredictions after the marks.
-  void FillGrid();
+  // What the searches leave out: the limits as the last search read them from the boxes, and
+  // the minimum duration while a report runs.
+  SearchLimits Limits() const;
   bool ChkValidDate();
   void CmdPredict_Click();
   void CmdNextDay_Click();
@@ -137,6 +140,15 @@ std::string PlainNumber(float value);
 
 // Val of a box, rounded into 16 bits; nothing when it does not fit.
 std::optional<int16_t> BoxInt16(const std::string& text);
+
+// The date in three date boxes, each read as Val rounded into 16 bits; a month or day beyond its
+// range rolls over.
+struct BoxesDate {
+  bool numbers = false;  // every box fits 16 bits
+  int16_t year = 0;
+  std::optional<double> date;  // nothing when a box does not fit or the date is past the calendar
+};
+BoxesDate ReadDateBoxes(const std::string& year, const std::string& month, const std::string& day);
 
 // A 64-bit value stored into a 32-bit field; beyond the float range it becomes an infinity.
 float SingleOf(double value);

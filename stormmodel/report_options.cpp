@@ -1,12 +1,13 @@
 #include "stormmodel/report_options.h"
 
+#include <utility>
+
+#include "stormmodel/settings_sections.h"
 #include "textutil/date_time.h"
 #include "textutil/number_text.h"
 
 namespace quillmere {
 namespace {
-
-const char* const kSettings = "Settings";
 
 int MonthOf(double value) {
   const auto f = SplitDateTime(value);
@@ -28,24 +29,17 @@ void ReportOptions::Form_Load(double presentLocal) {
   txtEMonth = FormatDateTime(d, "MM");
   txtEDay = FormatDateTime(d, "DD");
 
-  const struct {
-    const char* key;
-    const char* fallback;
-    int16_t& box;
-    int16_t& flag;
-  } stored[] = {
-      {"ReportIoOnly", "0", chkIoOnly, storm_.ReportIoOnly},
-      {"ReportNoNONE", "0", chkNoNONE, storm_.ReportNoNONE},
-      {"ReportHeader", "1", chkHeader, storm_.ReportHeader},
-  };
-  for (const auto& s : stored) {
-    s.box =
-        BoxInt16(settings_.GetSetting(program_.AppTitle, kSettings, s.key, s.fallback)).value_or(0);
-    s.flag = s.box == 1 ? -1 : 0;
-  }
+  const ReportSettings stored = ReadProgramSettings(settings_, program_.AppTitle).report;
+  chkIoOnly = stored.ReportIoOnly;
+  chkNoNONE = stored.ReportNoNONE;
+  chkHeader = stored.ReportHeader;
+  for (auto [box, flag] :
+       {std::pair{chkIoOnly, &storm_.ReportIoOnly}, std::pair{chkNoNONE, &storm_.ReportNoNONE},
+        std::pair{chkHeader, &storm_.ReportHeader}})
+    *flag = box == 1 ? -1 : 0;
   form3_.CancelReport = true;
   chkHA = storm_.ReportIncludeHA ? 1 : 0;
-  txtMin = settings_.GetSetting(program_.AppTitle, kSettings, "ReportMinDuration", "0");
+  txtMin = stored.ReportMinDuration;
   storm_.ReportMinDuration = SingleOf(Val(txtMin));
 }
 
@@ -88,12 +82,7 @@ bool ReportOptions::cmdOK_Click() {
   storm_.ReportHeader = chkHeader == 1 ? -1 : 0;
   storm_.ReportMinDuration = SingleOf(Val(txtMin));
 
-  const std::string& app = program_.AppTitle;
-  settings_.SaveSetting(app, kSettings, "ReportMinDuration", txtMin);
-  settings_.SaveSetting(app, kSettings, "ReportHeader", NumberText(chkHeader));
-  settings_.SaveSetting(app, kSettings, "ReportIncludeHA", NumberText(chkHA));
-  settings_.SaveSetting(app, kSettings, "ReportIoOnly", NumberText(chkIoOnly));
-  settings_.SaveSetting(app, kSettings, "ReportNoNONE", NumberText(chkNoNONE));
+  SaveReportOptions(settings_, program_.AppTitle, txtMin, chkHeader, chkHA, chkIoOnly, chkNoNONE);
   return true;
 }
 

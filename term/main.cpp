@@ -118,7 +118,7 @@ int main(int argc, char** argv) {
               << "\n";
 
   // The terminal's own screen reader says the text voice's lines; an engine only when asked.
-  const std::string setting = settings.GetSetting(kAppTitle, "Startup", "SpeechEngine", "");
+  const std::string setting = ReadStartupSettings(settings, kAppTitle).SpeechEngine;
   const std::string engine = voiceGiven ? voiceOption : (setting.empty() ? "text" : setting);
   VoiceStarter voice(engine, std::cout);
 

@@ -9,6 +9,7 @@
 
 #include "storm_test_support.h"
 #include "stormmodel/prediction.h"
+#include "stormmodel/report.h"
 #include "textutil/date_time.h"
 
 namespace quillmere {
@@ -93,6 +94,31 @@ TEST(Forecast, SameEventsAsTheReportOverRandomPeriods) {
 
     const auto expected = ReportEvents(dir.Read(ReportFileName(r.start)));
     EXPECT_EQ(ForecastEvents(Forecast(storm.Modes, r)), expected) << "trial " << trial;
+
+    storm.ReportIncludeHA = static_cast<int16_t>(-uniform(0, 1));
+    storm.ReportIoOnly = static_cast<int16_t>(-uniform(0, 1));
+    storm.ReportNoNONE = static_cast<int16_t>(-uniform(0, 1));
+    program.DFormat = static_cast<int16_t>(uniform(0, 2));
+    program.DisplayWest = uniform(0, 1) ? "W" : "E";
+    form3.DoReport(dir.Path());
+    const std::string report = dir.Read(ReportFileName(r.start));
+
+    // The report without a window, as the companion tool writes it, byte for byte.
+    ReportRequest alone;
+    alone.start = r.start;
+    alone.end = storm.ReportEnd;
+    alone.ObsLat = r.ObsLat;
+    alone.ObsLong = r.ObsLong;
+    alone.DisplayWest = program.DisplayWest;
+    alone.DFormat = program.DFormat;
+    alone.JupAltMin = r.limits.JupAltMin;
+    alone.SunAltMax = r.limits.SunAltMax;
+    alone.MinDuration = r.limits.MinDuration;
+    alone.choices = {storm.ReportIncludeHA, storm.ReportIoOnly, storm.ReportNoNONE};
+    alone.VersionText = program.VersionText;
+    ScratchDir elsewhere;
+    EXPECT_EQ(WriteReport(storm.Modes, alone, elsewhere.Path()).error, "");
+    EXPECT_EQ(elsewhere.Read(ReportFileName(r.start)), report) << "trial " << trial;
   }
 }
 

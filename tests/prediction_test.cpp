@@ -38,6 +38,10 @@ struct Fixture {
     for (auto [a, b] : runs)
       for (int i = a; i <= b; ++i) storm.DayActivity(1, i) = mark;
   }
+  // The marks of the minute tables as they stand, by the limits of the window's searches.
+  void MarkWithWindowLimits() {
+    MarkDay(storm.Modes, storm.Minutes, form3.Limits(), storm.DayActivity);
+  }
   std::vector<std::string> Row(int r) const {
     const auto& c = form3.Grid1.cells[r];
     return {c.begin(), c.end()};
@@ -52,7 +56,7 @@ TEST(MinutesToClock, Examples) {
   for (const auto& [minutes, text] : cases) EXPECT_EQ(MinutesToClock(minutes), text);
 }
 
-TEST(FillGrid, RunsBecomeBeginAndEnd) {
+TEST(GridOf, RunsBecomeBeginAndEnd) {
   const struct {
     std::vector<std::pair<int, int>> runs;
     int16_t mark;
@@ -70,20 +74,19 @@ TEST(FillGrid, RunsBecomeBeginAndEnd) {
   for (const auto& c : cases) {
     Fixture f;
     f.Runs(c.runs, c.mark);
-    f.form3.FillGrid();
+    f.form3.Grid1 = GridOf(f.storm.Modes, f.storm.DayActivity);
     ASSERT_EQ(f.form3.Grid1.Rows(), 3);
     EXPECT_EQ(f.Row(0), (Cells{"", "Begin", " End", "Begin", " End", "Begin", " End"}));
     EXPECT_EQ(f.Row(1), c.row);
     EXPECT_EQ(f.Row(2), (Cells{"Never", "NONE", "", "", "", "", ""}));
-    EXPECT_EQ(f.form3.LBLMode[1], "Never");
   }
 }
 
-TEST(FillGrid, AnExcludedMinuteSplitsARun) {
+TEST(GridOf, AnExcludedMinuteSplitsARun) {
   Fixture f;
   f.Runs({{10, 20}});
   f.storm.DayActivity(1, 15) = -1;
-  f.form3.FillGrid();
+  f.form3.Grid1 = GridOf(f.storm.Modes, f.storm.DayActivity);
   EXPECT_EQ(f.Row(1), (Cells{"All", "00:09", "00:14", "00:15", "00:20", "", ""}));
 }
 
@@ -133,7 +136,7 @@ TEST(DayInWords, EventsJupiterAndSun) {
   }
 }
 
-TEST(ComputeReportEvents, AltitudeLimitsAreInclusive) {
+TEST(WindowLimits, AltitudeLimitsAreInclusive) {
   Fixture f;
   MinuteTables& t = f.storm.Minutes;
   f.storm.JupAltMin = 0;
@@ -144,7 +147,7 @@ TEST(ComputeReportEvents, AltitudeLimitsAreInclusive) {
   t.MinuteJupAlt[11] = -1;  // below
   t.MinuteSunAlt[12] = 0;   // on the limit: kept
   t.MinuteSunAlt[13] = 1;   // above
-  f.form3.ComputeReportEvents();
+  f.MarkWithWindowLimits();
   const ActivityTable& a = f.storm.DayActivity;
   EXPECT_EQ(a(1, 10), 1);
   EXPECT_EQ(a(1, 11), -1);
@@ -154,7 +157,7 @@ TEST(ComputeReportEvents, AltitudeLimitsAreInclusive) {
   EXPECT_EQ(a(1, 0), 0);
 }
 
-TEST(ComputeReportEvents, MinimumDurationOnlyDuringAReport) {
+TEST(WindowLimits, MinimumDurationOnlyDuringAReport) {
   Fixture f;
   MinuteTables& t = f.storm.Minutes;
   f.storm.JupAltMin = 0;
@@ -166,11 +169,11 @@ TEST(ComputeReportEvents, MinimumDurationOnlyDuringAReport) {
   t.MinuteJupAlt[300] = 10;
   f.storm.ReportMinDuration = 30;
 
-  f.form3.ComputeReportEvents();
+  f.MarkWithWindowLimits();
   EXPECT_EQ(f.storm.DayActivity(1, 101), 1);  // not shortened outside a report
 
   f.form3.ReportRunning = -1;
-  f.form3.ComputeReportEvents();
+  f.MarkWithWindowLimits();
   const ActivityTable& a = f.storm.DayActivity;
   EXPECT_EQ(a(1, 101), 0);
   EXPECT_EQ(a(1, 129), 0);

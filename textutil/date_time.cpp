@@ -114,4 +114,13 @@ std::string FormatDateTime(double value, std::string_view pattern) {
   return out;
 }
 
+const DateOrder* DateOrderOf(int DFormat) {
+  static const DateOrder kOrders[] = {
+      {"YYYY  MM  DD", "YYYY  MM  DD", "YYYY/MM/DD", {0, 1, 2}},
+      {"MM  DD  YYYY", "MM  DD YYYY", "MM/DD/YYYY", {1, 2, 0}},
+      {"DD  MM  YYYY", "DD  MM  YYYY", "DD/MM/YYYY", {2, 1, 0}},
+  };
+  return DFormat >= 0 && DFormat <= 2 ? &kOrders[DFormat] : nullptr;
+}
+
 }  // namespace quillmere

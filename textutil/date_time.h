@@ -26,6 +26,17 @@ struct DateTimeFields {
 // before). Nothing when the result falls outside kFirstYear..kLastYear.
 std::optional<double> DateSerial(long long year, long long month, long long day);
 
+// The order of a date's three fields by the setting DFormat: 0 year month day, 1 month day year,
+// 2 day month year.
+struct DateOrder {
+  const char* caption;      // the date boxes' label: "YYYY  MM  DD"
+  const char* reportOrder;  // the report header's words; month first has one blank before YYYY
+  const char* pattern;      // FormatDateTime's pattern: "YYYY/MM/DD"
+  int fields[3];            // left to right: 0 the year, 1 the month, 2 the day
+};
+// Nothing for another DFormat: the design's order stands and no date is formatted.
+const DateOrder* DateOrderOf(int DFormat);
+
 // A date exactly as written, without roll-over: nothing for 30 February or month 13.
 std::optional<double> CalendarDate(long long year, long long month, long long day);
 

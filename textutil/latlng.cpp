@@ -115,4 +115,8 @@ double ParseDecimal(std::string& s) {
   return Val(s);
 }
 
+std::string ShownLongitude(float ObsLong, const std::string& DisplayWest) {
+  return DisplayWest == "W" ? LongToText(ObsLong) : LongToText(static_cast<float>(360 - ObsLong));
+}
+
 }  // namespace quillmere

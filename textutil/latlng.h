@@ -13,6 +13,10 @@ inline constexpr float kLatLongError = -999.0f;
 std::string LatToText(float x);
 std::string LongToText(float x);
 
+// The observer's longitude as the program shows it: west as stored when DisplayWest is "W", else
+// east, as 360 minus the west longitude.
+std::string ShownLongitude(float ObsLong, const std::string& DisplayWest);
+
 // Plain decimal degrees ("41.5", "41,5") or the colon forms "41:30" and "41:30:15,5".
 // `s` is replaced by its trimmed form. Colon forms out of -90..90 give kLatLongError; a plain
 // decimal is given back whatever its size, for the caller to judge.

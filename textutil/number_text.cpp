@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "textutil/text.h"
+
 namespace quillmere {
 namespace {
 
@@ -152,6 +154,27 @@ double Val(std::string_view text) {
     }
   }
   return std::strtod(number.c_str(), nullptr);
+}
+
+bool IsNumeric(const std::string& text) {
+  const std::string s = Trimmed(text, " \t");
+  size_t i = 0;
+  if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
+  size_t digits = 0;
+  while (i < s.size() && (s[i] >= '0' && s[i] <= '9')) ++i, ++digits;
+  if (i < s.size() && s[i] == '.') {
+    ++i;
+    while (i < s.size() && (s[i] >= '0' && s[i] <= '9')) ++i, ++digits;
+  }
+  if (digits == 0) return false;
+  if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
+    ++i;
+    if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
+    size_t exponent = 0;
+    while (i < s.size() && (s[i] >= '0' && s[i] <= '9')) ++i, ++exponent;
+    if (exponent == 0) return false;
+  }
+  return i == s.size();
 }
 
 }  // namespace quillmere

@@ -46,4 +46,8 @@ std::string Format(I value, std::string_view pattern) {
 // infinity, for the caller to treat as an overflow.
 double Val(std::string_view text);
 
+// What the number parser reads as a whole: optional sign, digits, optional point, optional
+// exponent. Blanks around it are allowed.
+bool IsNumeric(const std::string& text);
+
 }  // namespace quillmere

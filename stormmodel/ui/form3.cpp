@@ -272,25 +272,21 @@ void Form3::Form_Load() {
 }
 
 void Form3::ArrangeDateBoxes() {
-  struct Order {
-    const char* caption;
-    QLineEdit* boxes[3];
-  };
-  const Order orders[] = {{"YYYY  MM  DD", {txtYear, txtMonth, txtDay}},
-                          {"MM  DD  YYYY", {txtMonth, txtDay, txtYear}},
-                          {"DD  MM  YYYY", {txtDay, txtMonth, txtYear}}};
-  if (program_.DFormat < 0 || program_.DFormat > 2) return;
-  const Order& order = orders[program_.DFormat];
-  LBLDateFormat->setText(order.caption);
-  for (QLineEdit* b : order.boxes) dateBoxes_->removeWidget(b);
-  for (QLineEdit* b : order.boxes) dateBoxes_->addWidget(b);
+  const DateOrder* order = DateOrderOf(program_.DFormat);
+  if (!order) return;
+  LBLDateFormat->setText(order->caption);
+  QLineEdit* const boxes[3] = {txtYear, txtMonth, txtDay};
+  for (int f : order->fields) dateBoxes_->removeWidget(boxes[f]);
+  for (int f : order->fields) dateBoxes_->addWidget(boxes[f]);
   SetTabOrder();
 }
 
 void Form3::SetTabOrder() {
-  QWidget* boxes[3] = {txtYear, txtMonth, txtDay};
-  if (program_.DFormat == 1) boxes[0] = txtMonth, boxes[1] = txtDay, boxes[2] = txtYear;
-  if (program_.DFormat == 2) boxes[0] = txtDay, boxes[1] = txtMonth, boxes[2] = txtYear;
+  QWidget* const dateBoxes[3] = {txtYear, txtMonth, txtDay};
+  const DateOrder* dateOrder = DateOrderOf(program_.DFormat);
+  const DateOrder& shown = dateOrder ? *dateOrder : *DateOrderOf(0);
+  QWidget* const boxes[3] = {dateBoxes[shown.fields[0]], dateBoxes[shown.fields[1]],
+                             dateBoxes[shown.fields[2]]};
   QWidget* const order[] = {boxes[0],    boxes[1],        boxes[2],        cmdNow,       CmdPredict,
                             CmdPrevious, CmdNextDay,      txtJupAltMin,    txtSunAltMax, Grid1,
                             CmdReport,   CmdCancelReport, CmdPredictPrint, CmdExit};
