@@ -85,18 +85,35 @@ Sky MakeSky(double latitude, double rightAscension, double declination) {
   return {trig::cos(phi), trig::sin(phi), trig::sin(delta), trig::cos(delta), rightAscension};
 }
 
+namespace {
+
+// The hour angle at a local sidereal time (hours), radians, 0 to 2 pi.
+double HourAngle(const Sky& sky, double siderealTime) {
+  double H = siderealTime - sky.rightAscension;  // hours
+  FoldUp(H, 0, 24);
+  return (H * kRadiansPerDegree) * 15;
+}
+
+double SinAltitude(const Sky& sky, double cosH) {
+  return sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * cosH;
+}
+
+// The altitude, radians, from its sine.
+double AltitudeOf(double sa) {
+  return sa == 1.0 ? kArccosineQuarterCircle : Arcsine(sa);
+}
+
+}  // namespace
+
 // Altitude (degrees, -90 to +90) and azimuth (degrees, 0 to 360 from north through east) at a
 // local sidereal time in hours, by the spherical triangle of pole, zenith and body: the sine of
 // the altitude from the hour angle, the azimuth from its cosine, and the western half of the sky
 // (sin H > 0) as the full circle less it.
 Horizon AtSiderealTime(const Sky& sky, double siderealTime) {
-  double H = siderealTime - sky.rightAscension;  // hour angle, hours
-  FoldUp(H, 0, 24);
-  const double h = (H * kRadiansPerDegree) * 15;
   double sinH = 0, cosH = 0;
-  trig::sincos(h, sinH, cosH);
-  const double sa = sky.sinDelta * sky.sinPhi + (sky.cosDelta * sky.cosPhi) * cosH;
-  const double a = sa == 1.0 ? kArccosineQuarterCircle : Arcsine(sa);
+  trig::sincos(HourAngle(sky, siderealTime), sinH, cosH);
+  const double sa = SinAltitude(sky, cosH);
+  const double a = AltitudeOf(sa);
   // At a pole, or with the body at the zenith, the division stays finite.
   double w = sky.cosPhi * trig::cos(a);
   if (w < 1e-20) w = 1e-20;
@@ -109,6 +126,11 @@ Horizon AtSiderealTime(const Sky& sky, double siderealTime) {
   FoldDown(out.azimuth, 360, 360);
   out.altitude = a * kDegreesPerRadian;
   return out;
+}
+
+// sincos gives the cosine that cos gives, so the altitude is AtSiderealTime's to the last bit.
+double AltitudeAtSiderealTime(const Sky& sky, double siderealTime) {
+  return AltitudeOf(SinAltitude(sky, trig::cos(HourAngle(sky, siderealTime)))) * kDegreesPerRadian;
 }
 
 }  // namespace horizon

@@ -16,5 +16,7 @@ struct Sky {
 
 Sky MakeSky(double latitude, double rightAscension, double declination);
 Horizon AtSiderealTime(const Sky& sky, double siderealTime);
+// The altitude alone, the same number as AtSiderealTime's, at half its cost.
+double AltitudeAtSiderealTime(const Sky& sky, double siderealTime);
 
 }  // namespace quillmere::horizon

@@ -55,22 +55,21 @@ void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float
   // Sun and Jupiter stand still for the whole day: only the sidereal time moves.
   const horizon::Sky jupiter = horizon::MakeSky(ObsLat, s.JupRA, s.JupDec);
   const horizon::Sky sun = horizon::MakeSky(ObsLat, s.SunRA, s.SunDec);
-  Horizon jup, sol;
   for (int i = 1; i < kMinuteRows; ++i) {
     // The sidereal time steps before it is read, so the altitudes run a minute ahead of the
     // rate columns, which start at i - 1 = 0.
     Store(s.LMST, s.LMST + 0.016712298);
     if (s.LMST > 24) Store(s.LMST, s.LMST - 24.0);
-    jup = horizon::AtSiderealTime(jupiter, s.LMST);
-    sol = horizon::AtSiderealTime(sun, s.LMST);
+    const double jupAlt = horizon::AltitudeAtSiderealTime(jupiter, s.LMST);
+    const double sunAlt = horizon::AltitudeAtSiderealTime(sun, s.LMST);
 
     float h = 0;
     Store(h, s.LMST - s.JupRA);
     if (h < -12) Store(h, h + 24.0);
     if (h > 12) Store(h, h - 24.0);
     tables.MinuteJupHA[i] = h;
-    Store(tables.MinuteJupAlt[i], Int(jup.altitude));
-    Store(tables.MinuteSunAlt[i], Int(sol.altitude));
+    Store(tables.MinuteJupAlt[i], Int(jupAlt));
+    Store(tables.MinuteSunAlt[i], Int(sunAlt));
 
     const double minutes = i - 1;
     Store(tables.MinuteCML[i], Int(s.CML3 + 0.6045389117618717 * minutes));
@@ -78,6 +77,9 @@ void FillMinuteTables(EphemerisState& s, MinuteTables& tables, double day, float
     Store(tables.MinuteIo[i], Int(s.IoPhase + 0.14132278123233466 * minutes));
     FoldDown(tables.MinuteIo[i], 360, 360);
   }
+  // The places at the last minute stay in the state, azimuths too.
+  const Horizon jup = horizon::AtSiderealTime(jupiter, s.LMST);
+  const Horizon sol = horizon::AtSiderealTime(sun, s.LMST);
   Store(s.JupAlt, jup.altitude);
   Store(s.JupAz, jup.azimuth);
   Store(s.SunAlt, sol.altitude);
