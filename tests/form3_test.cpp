@@ -604,8 +604,10 @@ TEST_F(PredictionWindowTest, DateOrderPlacesTheBoxesAndTabWalksThem) {
     program.DFormat = order.DFormat;
     Load();
     EXPECT_EQ(Child<QLabel>("LBLDateFormat")->text(), order.caption);
-    EXPECT_LT(Child(order.boxes[0].c_str())->x(), Child(order.boxes[1].c_str())->x());
-    EXPECT_LT(Child(order.boxes[1].c_str())->x(), Child(order.boxes[2].c_str())->x());
+    EXPECT_LT(Child(order.boxes[0].c_str())->x(), Child(order.boxes[1].c_str())->x())
+        << order.caption;
+    EXPECT_LT(Child(order.boxes[1].c_str())->x(), Child(order.boxes[2].c_str())->x())
+        << order.caption;
     std::vector<std::string> expected = order.boxes;
     for (const char* name : {"cmdNow", "CmdPredict", "CmdPrevious", "CmdNextDay", "txtJupAltMin",
                              "txtSunAltMax", "Grid1", "CmdReport", "CmdPredictPrint", "CmdExit"})

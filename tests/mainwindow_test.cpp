@@ -396,10 +396,21 @@ TEST_F(MainWindow, ControlsAreNamedForScreenReaders) {
   EXPECT_TRUE(alert->isHidden());
 }
 
-// 1e30 west puts sidereal time beyond any clock: the label keeps what it had. (The start and
-// the ticks of such values are the settings file test's.)
-TEST_F(MainWindow, SiderealTimeBeyondAnyClockIsNotShown) {
-  Store({{"Longitude", "1e30"}});
+// A stored place far out of range still shows (the start, the ticks and the new day from such
+// values are the settings file test's). 1e30 west puts sidereal time beyond any clock: the label
+// keeps what it had.
+TEST_F(MainWindow, StoredPlacesFarOutOfRangeStillShow) {
+  const std::map<std::string, std::string> cases[] = {
+      {{"Longitude", "1e30"}},
+      {{"Latitude", "-1e38"}, {"Longitude", "3e38"}},
+      {{"Longitude", "-1e30"}, {"Latitude", "1e30"}},
+      {{"Longitude", "4e38"}, {"Latitude", "nan"}, {"DFormat", "1e9"}},
+  };
+  for (const auto& values : cases) {
+    Store(values);
+    EXPECT_FALSE(Start().Caption("LBLOB").empty()) << values.begin()->second;
+  }
+  Store({{"Latitude", " 30"}, {"Longitude", "1e30"}});
   Start();
   EXPECT_EQ(form->Caption("LBLLMST"), "");
   EXPECT_EQ(Said("lmst"), "");
