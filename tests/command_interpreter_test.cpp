@@ -6,30 +6,17 @@
 #include <filesystem>
 #include <fstream>
 
+#include "fixed_platform.h"
 #include "mainwindow/startup.h"
 #include "speech/headless_prediction.h"
 #include "speech/program_session.h"
 #include "speech/recording_voice.h"
 #include "storm_test_support.h"
 #include "textutil/date_time.h"
+#include "typed_sessions.h"
 
 namespace quillmere::testing {
 namespace {
-
-class FixedClock : public Clock {
- public:
-  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
-  double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
-};
-
-class Messages : public MessageBoxes {
- public:
-  void Show(const std::string& title, const std::string& text) override {
-    shown.push_back(title + "|" + text);
-  }
-  std::vector<std::string> shown;
-};
 
 // What a front end without a window does for the commands: no timer, no screen.
 class Headless : public CommandHost, public ProgramView {
@@ -73,9 +60,8 @@ class Headless : public CommandHost, public ProgramView {
 class Interpreter : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::ofstream(dir.Path("UFMODES.JMF")) << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
+    PutProgramFiles(dir.Path());
     std::ofstream(dir.Path("SpkHlp.txt")) << "Normal help.\nFirst help line.\n";
-    std::ofstream(dir.Path("PredictHlp.txt")) << "Prediction help.\n";
     settings.SaveSetting(kAppTitle, "Settings", "Latitude", " 30");
     settings.SaveSetting(kAppTitle, "Settings", "Longitude", " 80");
     program =
@@ -100,71 +86,22 @@ class Interpreter : public ::testing::Test {
   ScratchDir dir;
   FixedClock clock;
   MemorySettings settings;
-  Messages messages;
+  RecordedMessages messages;
   RecordingVoice* voice = nullptr;
   std::unique_ptr<Headless> program;
 };
 
 TEST_F(Interpreter, NormalModeRepliesAsTheWindowGivesThem) {
-  const struct {
-    const char *typed, *said;
-  } steps[] = {
-      {"je", "Jupiter  elevation  -69.2"},
-      {" A ", "Jupiter  azimuth  320.3"},
-      {"I", "I not recognized. You are in Normal Mode."},
-      {"s", "Sun Menu"},
-      {"a", "Sun  azimuth  074.4"},
-      {"rs", "Sun Rise: 10:23 Set: 00:16"},
-      {"j", "Jupiter Menu"},
-      {"i", "Io Phase: 007.00"},
-      {"c", " System three longitude   203.74"},
-      {"rs", "Jupiter Rise: 19:27  Set: 06:24"},
-      {"lmst", " Local Mean Sidereal Time  01:33:22"},
-      {"m", "Jupiter Possible Activity:  Non-A   "},
-      {"", " not recognized. You are in Normal Mode."},
-      {"12", "12 not recognized."},
-      {"lat", "Latitude 30 degrees 00 minutes 00.0 seconds "},
-      {"45:30", "Latitude changed to 45 degrees 30 minutes "},
-      {"ad", "Announce Delay. 0 minutes."},
-      {"10", "Announce Delay changed to 10minutes."},
-      {"vt", "Speech Type Alpha. available voices are  0  Alpha.  1  Beta. "},
-      {"1", "Speech Voice changed to Beta"},
-      {"as", "Announce Sun ON."},
-      {"naj", "Announce Jupiter OFF."},
-      {"t", "Real Time Mode.  Current Time 07/05/2006 12:00:00"},
-      {"fix", "Fixed Time Mode.  Current Time 07/05/2006 12:00:00"},
-      {"t", "Fixed Time Mode.  Current Time 07/05/2006 12:00:00"},
-  };
-  for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+  for (const Reply& step : kNormalReplies) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
   EXPECT_EQ(program->session.p.ObsLat, 45.5f);
   EXPECT_EQ(settings.GetSetting(kAppTitle, "Startup", "AnnounceDelay", ""), "10");
-  EXPECT_EQ(program->cleared, static_cast<int>(std::size(steps)));
+  EXPECT_EQ(program->cleared, static_cast<int>(std::size(kNormalReplies)));
   program->session.commands->Enter("q");
   EXPECT_EQ(program->quits, 1);
 }
 
 TEST_F(Interpreter, PredictionModeWithoutAWindow) {
-  const struct {
-    const char *typed, *said;
-  } steps[] = {
-      {"p", "Prediction Moded Entered.  Press F1 for Prediction Mode Help."},
-      {"p", "You are in prediction mode."},
-      {"je", "je not recognized. You are in Predict Mode. Type N for normal mode."},
-      {"d", "Prediction Duration in Days is  1"},
-      {"0", "Prediction Duration changed to  0days."},
-      {"t", "Prediction Start Date 07/05/2006"},
-      {"12/31/2006", "Prediction Start Date. 12/31/2006"},
-      {"nxt", "Prediction Start Date is Now. 01/01/2007"},
-      {"f", "No prediction report has been saved yet."},
-      {"i", "'I' 'O' related storms only will be predicted."},
-      {"ni", "All storms will be predicted."},
-      {"t", "Prediction Start Date 01/01/2007"},
-      {"07/05/2006", "Prediction Start Date. 07/05/2006"},
-      {"sr", "Saved Report 20060705JP.TXT"},
-      {"fn", "Last Saved Prediction Report was 20060705JP.TXT ."},
-      {"n", "Normal Mode Resumed. "},
-  };
-  for (const auto& step : steps) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
+  for (const Reply& step : kPredictionReplies) EXPECT_EQ(Said(step.typed), step.said) << step.typed;
   EXPECT_TRUE(std::filesystem::exists(dir.Path("20060705JP.TXT")));
   EXPECT_EQ(program->prediction, nullptr);
 }

@@ -7,42 +7,26 @@
 #include <QTest>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
 
+#include "fixed_platform.h"
 #include "mainwindow/form1.h"
 #include "speech/recording_voice.h"
 #include "storm_test_support.h"
-#include "textutil/date_time.h"
 
 namespace quillmere::testing {
 
 inline const char* const kApp = "Quillmere Speaking Edition";
 inline const char* const kWelcome = "Welcome to Quillmere Speech Edition. For Help Press F1.";
 
-class FixedClock : public Clock {
- public:
-  double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
-  double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
-};
-
-class RecordedMessages : public MessageBoxes {
- public:
-  void Show(const std::string& title, const std::string& text) override {
-    shown.push_back(title + "|" + text);
-  }
-  std::vector<std::string> shown;
-};
-
 // 30 N, 80 W, and a mode file of two modes beside the program.
 class Form1Test : public ::testing::Test {
  protected:
   void SetUp() override {
     dir = MakeUniqueDir("quillmere-form1-");
-    std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
-    std::ofstream(dir / "SpkHlp.txt") << "Normal help.\n";
-    std::ofstream(dir / "PredictHlp.txt") << "Prediction help.\n";
+    PutProgramFiles(dir);
     Store({{"Latitude", " 30"}, {"Longitude", " 80"}});
     settings.writes.clear();
   }
@@ -69,12 +53,14 @@ class Form1Test : public ::testing::Test {
     };
     platform.voiceNotice = [this] { return voiceNotice; };
     form = std::make_unique<Form1>(platform);
+    if (beforeLoad) beforeLoad(*form);
     form->Form_Load();
     form->Timer1_Timer();
     return *form;
   }
   // What the voice's start says after the welcome (which engine speaks and why); empty: nothing.
   std::string voiceNotice;
+  std::function<void(Form1&)> beforeLoad;  // what a front end does between making and loading
   void Tick(int seconds) {
     clock.now += seconds / 86400.0;
     form->Timer1_Timer();

@@ -134,7 +134,7 @@ class PredictionWindowTest : public ::testing::Test {
   std::unique_ptr<Form3> form;
 };
 
-TEST_F(PredictionWindowTest, LoadShowsTheDayOfFixedTimeWithTheCoreGrid) {
+TEST_F(PredictionWindowTest, LoadShowsTheDayOfFixedTimeTheCoreGridAndTheCaptions) {
   Load();
   EXPECT_EQ(form->windowTitle(), "Jupiter Radio Noise Storm Predictions");
   EXPECT_EQ(host.timerStops, 1);
@@ -154,10 +154,6 @@ TEST_F(PredictionWindowTest, LoadShowsTheDayOfFixedTimeWithTheCoreGrid) {
   }
   EXPECT_FALSE(Child<QPushButton>("CmdCancelReport")->isVisible());
   EXPECT_FALSE(Child<QLabel>("LBLWait")->isVisible());
-}
-
-TEST_F(PredictionWindowTest, ControlsCarryTheirCaptions) {
-  Load();
   const std::vector<std::pair<const char*, const char*>> captions = {
       {"LBLDate", "GMT Date:"},
       {"cmdNow", "now"},
@@ -221,13 +217,6 @@ TEST_F(PredictionWindowTest, AYearBefore1900IsRefusedAndTheDayStays) {
   EXPECT_EQ(Text("txtYear"), "1899");
 }
 
-TEST_F(PredictionWindowTest, NowPredictsThePresentDay) {
-  Load();
-  Click("cmdNow");
-  EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2007", " 1", " 31"}));
-  EXPECT_EQ(form->focusWidget(), Child("CmdPredict"));
-}
-
 TEST_F(PredictionWindowTest, LimitBoxesFeedTheSearchAndAreBoundedAfterIt) {
   Load();
   Type("txtJupAltMin", "100");
@@ -279,31 +268,33 @@ TEST_F(PredictionWindowTest, CancelStopsTheReportAtTheNextDay) {
   EXPECT_FALSE(Child("CmdCancelReport")->isVisible());
 }
 
-TEST_F(PredictionWindowTest, ExitHidesTheWindowAndDuringAReportLeavesAfterItsStop) {
-  for (bool duringReport : {false, true}) {
-    host.focusBacks = 0;
-    Load();
-    if (duringReport) {
-      storm.ReportStart = *DateSerial(2006, 7, 5);
-      storm.ReportEnd = storm.ReportStart + 30;
-      QTimer::singleShot(0, form.get(), [&] { Click("CmdExit"); });
-      form->DoReport();
-      EXPECT_EQ(messages, (std::vector<std::string>{"Report 20060705JP.TXT Canceled by User."}));
-    } else {
-      Click("CmdExit");
-    }
-    EXPECT_FALSE(form->isVisible()) << duringReport;
-    EXPECT_TRUE(form->Unloaded()) << duringReport;
-    EXPECT_EQ(host.focusBacks, 1) << duringReport;
-  }
+TEST_F(PredictionWindowTest, ExitDuringAReportLeavesAfterItsStop) {
+  Load();
+  storm.ReportStart = *DateSerial(2006, 7, 5);
+  storm.ReportEnd = storm.ReportStart + 30;
+  QTimer::singleShot(0, form.get(), [&] { Click("CmdExit"); });
+  form->DoReport();
+  EXPECT_EQ(messages, (std::vector<std::string>{"Report 20060705JP.TXT Canceled by User."}));
+  EXPECT_FALSE(form->isVisible());
+  EXPECT_TRUE(form->Unloaded());
+  EXPECT_EQ(host.focusBacks, 1);
 }
 
+// The dialog is modal: the test answers it from inside its event loop, first with Cancel.
 TEST_F(PredictionWindowTest, ReportButtonAsksForThePeriodFirst) {
   const double start = *DateSerial(2006, 7, 30);
   const std::string expected = CoreReport(start, start + 3, "core");
   Load();
+  QTimer::singleShot(0, form.get(), [&] {
+    auto* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    QTest::mouseClick(dialog->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+  });
+  Click("CmdReport");
+  EXPECT_FALSE(std::filesystem::exists(dir.Path("20060705JP.TXT")));
+  EXPECT_TRUE(form->core().CancelReport);
+
   Type("txtDay", "30");
-  // The dialog is modal: the test answers it from inside its event loop.
   QTimer::singleShot(0, form.get(), [&] {
     auto* dialog = dynamic_cast<formReportOptions*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
@@ -319,20 +310,8 @@ TEST_F(PredictionWindowTest, ReportButtonAsksForThePeriodFirst) {
   EXPECT_TRUE(host.spoken.empty());  // the window's road speaks nothing
 }
 
-TEST_F(PredictionWindowTest, ReportDialogCancelledWritesNothing) {
-  Load();
-  QTimer::singleShot(0, form.get(), [&] {
-    auto* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    QTest::mouseClick(dialog->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
-  });
-  Click("CmdReport");
-  EXPECT_FALSE(std::filesystem::exists(dir.Path("20060705JP.TXT")));
-  EXPECT_TRUE(form->core().CancelReport);
-}
-
-// The dialog's boxes, each wired to its own check.
-TEST_F(PredictionWindowTest, ReportDialogChecksEachBoxInOrder) {
+// The dialog's boxes, each wired to its own check, and stored once all pass.
+TEST_F(PredictionWindowTest, ReportDialogChecksEachBoxInOrderThenStores) {
   const struct {
     const char* box;
     const char* text;
@@ -360,10 +339,7 @@ TEST_F(PredictionWindowTest, ReportDialogChecksEachBoxInOrder) {
     EXPECT_NE(dialog.result(), QDialog::Accepted) << c.box;
     EXPECT_TRUE(settings.writes.empty()) << c.box;
   }
-}
-
-TEST_F(PredictionWindowTest, ReportDialogStoresItsBoxes) {
-  Load();
+  // Boxes that pass are stored.
   RecordingUi ui;
   ReportOptions logic(form->core(), storm, program, settings, ui);
   formReportOptions dialog(logic, 0);
@@ -457,11 +433,18 @@ TEST_F(ChartPixels, BackgroundBarsAndBandsShowTheDay) {
             QColor(0, 0, 0));
 }
 
-TEST_F(ChartPixels, NextDayDrawsTheNewDay) {
+TEST_F(ChartPixels, NextDayDrawsAndDescribesTheNewDay) {
   Load();
   const QImage first = Chart();
+  const std::string words = Child("Picture1")->accessibleDescription().toStdString();
+  EXPECT_EQ(words, ChartInWords(form->core().Grid1, storm.Minutes));
+  EXPECT_EQ(words.rfind("Wide from ", 0), 0u) << words;
+  EXPECT_EQ(Child("PicSunAlt")->accessibleDescription().toStdString(), SunInWords(storm.Minutes));
   Click("CmdNextDay");
   EXPECT_NE(Chart(), first);
+  const std::string next = Child("Picture1")->accessibleDescription().toStdString();
+  EXPECT_EQ(next, ChartInWords(form->core().Grid1, storm.Minutes));
+  EXPECT_NE(next, words);
   form->core().txtDay = " 5";
   form->CmdPredict_Click();
   EXPECT_EQ(Chart(), first);
@@ -528,14 +511,6 @@ TEST_F(PredictionWindowTest, RightClickInTheGridOffersTheMenuOnTimesOnly) {
   EXPECT_EQ(form->windowTitle(), grid->item(1, 1)->text());
 }
 
-TEST_F(PredictionWindowTest, AKeyNoControlWantsGoesBackToTheMainWindow) {
-  Load();
-  QTest::keyClick(Child("txtYear"), Qt::Key_7);
-  EXPECT_EQ(host.focusBacks, 0);
-  QTest::keyClick(Child("CmdPredict"), Qt::Key_J);
-  EXPECT_EQ(host.focusBacks, 1);
-}
-
 TEST_F(PredictionWindowTest, UnloadPutsTBackUnlessTheProgramCloses) {
   for (bool closing : {false, true}) {
     s.T = host.fixedT;
@@ -546,23 +521,6 @@ TEST_F(PredictionWindowTest, UnloadPutsTBackUnlessTheProgramCloses) {
     form->Form_Unload();
     EXPECT_EQ(s.T, closing ? host.fixedT + 1 : host.fixedT) << closing;
     EXPECT_TRUE(form->Unloaded());
-  }
-}
-
-TEST_F(PredictionWindowTest, DateBoxesFollowTheDateOrder) {
-  const struct {
-    int16_t DFormat;
-    const char* caption;
-    std::vector<const char*> order;
-  } cases[] = {{0, "YYYY  MM  DD", {"txtYear", "txtMonth", "txtDay"}},
-               {1, "MM  DD  YYYY", {"txtMonth", "txtDay", "txtYear"}},
-               {2, "DD  MM  YYYY", {"txtDay", "txtMonth", "txtYear"}}};
-  for (const auto& c : cases) {
-    program.DFormat = c.DFormat;
-    Load();
-    EXPECT_EQ(Child<QLabel>("LBLDateFormat")->text(), c.caption);
-    EXPECT_LT(Child(c.order[0])->x(), Child(c.order[1])->x()) << c.caption;
-    EXPECT_LT(Child(c.order[1])->x(), Child(c.order[2])->x()) << c.caption;
   }
 }
 
@@ -596,7 +554,7 @@ TEST_F(PredictionWindowTest, PrintedPageCopiesTheGridUnderTheDateOfT) {
   EXPECT_EQ(dir.Read("page.pdf").substr(0, 4), "%PDF");
 }
 
-TEST_F(PredictionWindowTest, EveryControlIsNamedAndTheWindowIsAFrame) {
+TEST_F(PredictionWindowTest, EveryControlIsNamedAndTheGridHasHeaders) {
   Load();
   QAccessibleInterface* window = QAccessible::queryAccessibleInterface(form.get());
   EXPECT_EQ(window->role(), QAccessible::Window);
@@ -617,11 +575,8 @@ TEST_F(PredictionWindowTest, EveryControlIsNamedAndTheWindowIsAFrame) {
   EXPECT_EQ(options->role(), QAccessible::Dialog);
   EXPECT_EQ(Nameless(options), std::vector<std::string>{});
   EXPECT_EQ(dialog.findChild<QLineEdit*>("txtEMonth")->accessibleName(), "Report Ends, month");
-}
 
-// The grid names its cells by headers a screen reader reads; the cells keep the grid's texts.
-TEST_F(PredictionWindowTest, GridHeadersNameTheCellsForAScreenReader) {
-  Load();
+  // The grid names its cells by headers a screen reader reads; the cells keep the grid's texts.
   auto* grid = Child<QTableWidget>("Grid1");
   QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(grid)->tableInterface();
   ASSERT_NE(table, nullptr);
@@ -635,29 +590,24 @@ TEST_F(PredictionWindowTest, GridHeadersNameTheCellsForAScreenReader) {
   EXPECT_EQ(ShownGrid(), form->core().Grid1.cells);  // row 0 included
 }
 
-TEST_F(PredictionWindowTest, ChartAndSunBarSayTheDayInWords) {
-  Load();
-  const std::string first = Child("Picture1")->accessibleDescription().toStdString();
-  EXPECT_EQ(first, ChartInWords(form->core().Grid1, storm.Minutes));
-  EXPECT_EQ(first.rfind("Wide from ", 0), 0u) << first;
-  EXPECT_EQ(Child("PicSunAlt")->accessibleDescription().toStdString(), SunInWords(storm.Minutes));
-  Click("CmdNextDay");
-  const std::string next = Child("Picture1")->accessibleDescription().toStdString();
-  EXPECT_EQ(next, ChartInWords(form->core().Grid1, storm.Minutes));
-  EXPECT_NE(next, first);
-}
-
-// Tab walks each control once, the grid included, in the order of the date boxes on the screen.
-TEST_F(PredictionWindowTest, TabWalksTheWindowInOrder) {
+// The date boxes stand in the date order, and Tab walks each control once, the grid included,
+// in the order of the date boxes on the screen.
+TEST_F(PredictionWindowTest, DateOrderPlacesTheBoxesAndTabWalksThem) {
   const struct {
     int16_t DFormat;
+    const char* caption;
     std::vector<std::string> boxes;
-  } orders[] = {{0, {"txtYear", "txtMonth", "txtDay"}},
-                {1, {"txtMonth", "txtDay", "txtYear"}},
-                {2, {"txtDay", "txtMonth", "txtYear"}}};
+  } orders[] = {{0, "YYYY  MM  DD", {"txtYear", "txtMonth", "txtDay"}},
+                {1, "MM  DD  YYYY", {"txtMonth", "txtDay", "txtYear"}},
+                {2, "DD  MM  YYYY", {"txtDay", "txtMonth", "txtYear"}}};
   for (const auto& order : orders) {
     program.DFormat = order.DFormat;
     Load();
+    EXPECT_EQ(Child<QLabel>("LBLDateFormat")->text(), order.caption);
+    EXPECT_LT(Child(order.boxes[0].c_str())->x(), Child(order.boxes[1].c_str())->x())
+        << order.caption;
+    EXPECT_LT(Child(order.boxes[1].c_str())->x(), Child(order.boxes[2].c_str())->x())
+        << order.caption;
     std::vector<std::string> expected = order.boxes;
     for (const char* name : {"cmdNow", "CmdPredict", "CmdPrevious", "CmdNextDay", "txtJupAltMin",
                              "txtSunAltMax", "Grid1", "CmdReport", "CmdPredictPrint", "CmdExit"})
@@ -692,10 +642,14 @@ TEST_F(PredictionWindowTest, TheGridIsOneStopWithArrowsInside) {
   EXPECT_EQ(grid->currentColumn(), 2);
   QTest::keyClick(grid, Qt::Key_Tab, Qt::ControlModifier);  // Ctrl+Tab leaves it as well
   EXPECT_EQ(form->focusWidget(), Child("CmdReport"));
-  // A letter typed in the grid goes to the command line of the main window.
+  // A key no control wants goes to the command line of the main window, a letter in the grid too.
+  QTest::keyClick(Child("txtYear"), Qt::Key_7);
+  EXPECT_EQ(host.focusBacks, 0);
+  QTest::keyClick(Child("CmdPredict"), Qt::Key_J);
+  EXPECT_EQ(host.focusBacks, 1);
   grid->setFocus();
   QTest::keyClick(grid, Qt::Key_J);
-  EXPECT_EQ(host.focusBacks, 1);
+  EXPECT_EQ(host.focusBacks, 2);
 }
 
 TEST_F(PredictionWindowTest, ButtonsWorkFromTheKeyboard) {
@@ -705,8 +659,9 @@ TEST_F(PredictionWindowTest, ButtonsWorkFromTheKeyboard) {
   QTest::keyClick(Child("CmdPrevious"), Qt::Key_Return);
   QTest::keyClick(Child("CmdPrevious"), Qt::Key_Enter);
   EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2006", " 7", " 4"}));
-  QTest::keyClick(Child("cmdNow"), Qt::Key_Space);
+  QTest::keyClick(Child("cmdNow"), Qt::Key_Space);  // the present day, and Predict is next
   EXPECT_EQ(Boxes(), (std::vector<std::string>{" 2007", " 1", " 31"}));
+  EXPECT_EQ(form->focusWidget(), Child("CmdPredict"));
   EXPECT_EQ(host.focusBacks, 0);
   QTest::keyClick(Child("CmdExit"), Qt::Key_Space);
   EXPECT_FALSE(form->isVisible());

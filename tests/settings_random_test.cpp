@@ -27,61 +27,26 @@ const char* const kKeys[][2] = {
     {"Startup", "ModeFileName"},
 };
 
-const char* const kValues[] = {
-    "0",
-    "1",
-    "-1",
-    " 30",
-    "1e30",
-    "-1e30",
-    "3e38",
-    "-1e38",
-    "4e38",
-    "1e308",
-    "-1e308",
-    "1e400",
-    "-1e400",
-    "nan",
-    "inf",
-    "-inf",
-    "NaN",
-    "abc",
-    "",
-    "True",
-    "false",
-    "99999",
-    "-32769",
-    "32767",
-    "-32768",
-    "40000",
-    "1.5",
-    "-0.5",
-    "1e-45",
-    "2.5e-324",
-    "0x10",
-    "12:30",
-    "-75:30",
-    "W",
-    "E",
-    "\"a, b\"",
-    "1,5",
-    "1e9",
-    "-90",
-    "90.0001",
-    "360",
-    "-360",
-    "1440",
-    "1441",
-    "127.0.0.1",
-    "::1",
-    "999.1.1.1",
-    "99999999999999999999999999",
-    "/nonexistent/UFMODES.JMF",
-    "%U",
-    "@Invalid()",
-};
+// One value after another, between bars.
+const std::string kValueList =
+    "0|1|-1| 30|1e30|-1e30|3e38|-1e38|4e38|1e308|-1e308|1e400|-1e400|nan|inf|-inf|NaN|abc||True|"
+    "false|99999|-32769|32767|-32768|40000|1.5|-0.5|1e-45|2.5e-324|0x10|12:30|-75:30|W|E|"
+    "\"a, b\"|1,5|1e9|-90|90.0001|360|-360|1440|1441|127.0.0.1|::1|999.1.1.1|"
+    "99999999999999999999999999|/nonexistent/UFMODES.JMF|%U|@Invalid()";
+
+std::vector<std::string> Values() {
+  std::vector<std::string> values(1);
+  for (char c : kValueList) {
+    if (c == '|')
+      values.emplace_back();
+    else
+      values.back().push_back(c);
+  }
+  return values;
+}
 
 std::string RandomSettingsFile(std::mt19937& rng) {
+  static const std::vector<std::string> kValues = Values();
   auto pick = [&rng](size_t n) { return std::uniform_int_distribution<size_t>(0, n - 1)(rng); };
   std::string ini;
   const char* section = "";
@@ -92,7 +57,7 @@ std::string RandomSettingsFile(std::mt19937& rng) {
       section = key[0];
       ini += std::string("[") + (pick(4) == 0 ? "settings" : section) + "]\n";
     }
-    std::string value = kValues[pick(std::size(kValues))];
+    std::string value = kValues[pick(kValues.size())];
     switch (pick(12)) {
       case 0:
         value = std::string(1 + pick(70000), "x9.-e:"[pick(6)]);
@@ -128,9 +93,12 @@ TEST(SettingsFile, AnyStoredValueStartsTicksAndAnswers) {
   // The values that were found to overflow, each alone.
   for (const char* ini :
        {"[Settings]\nLongitude=1e30\n", "[Settings]\nLatitude=-1e38\nLongitude=3e38\n",
+        "[Settings]\nLongitude=-1e30\nLatitude=1e30\n",
+        "[Settings]\nLongitude=4e38\nLatitude=nan\nDFormat=1e9\n",
         "[Settings]\nJISPort=99999\nRunJIS=1\n", "[Startup]\nAnnounceDelay=1e308\n"}) {
     const auto said = testing::StartWithSettingsFile(dir, ini);
     ASSERT_FALSE(said.empty()) << ini;
+    EXPECT_EQ(said.front(), "Welcome to Quillmere Speech Edition. For Help Press F1.") << ini;
     EXPECT_EQ(said.back(), "Quillmere Speech Edition Closing.") << ini;
   }
   std::filesystem::remove_all(dir);

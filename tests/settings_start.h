@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "fixed_platform.h"
 #include "mainwindow/form1.h"
 #include "mainwindow/qt_platform.h"
 #include "speech/recording_voice.h"
@@ -24,19 +25,6 @@ class StartClock : public Clock {
   TimeZoneInformation GetTimeZoneInformation() override { return {1, 300, 0, -60}; }
 };
 
-class CountedMessages : public MessageBoxes {
- public:
-  void Show(const std::string&, const std::string&) override { ++shown; }
-  int shown = 0;
-};
-
-// The program's files beside it, made once in `dir`.
-inline void PutProgramFiles(const std::filesystem::path& dir) {
-  std::ofstream(dir / "UFMODES.JMF") << "Io-A,200,270,195,265\r\nNon-A,200,260,0,360\r\n";
-  std::ofstream(dir / "SpkHlp.txt") << "Normal help.\n";
-  std::ofstream(dir / "PredictHlp.txt") << "Prediction help.\n";
-}
-
 // `ini` becomes the settings file of the program in `dir`. Returns what was said.
 inline std::vector<std::string> StartWithSettingsFile(const std::filesystem::path& dir,
                                                       const std::string& ini) {
@@ -46,7 +34,7 @@ inline std::vector<std::string> StartWithSettingsFile(const std::filesystem::pat
       << ini;
   IniSettings settings(store.string());
   StartClock clock;
-  CountedMessages messages;
+  RecordedMessages messages;
   RecordingVoice* voice = nullptr;
   Form1Platform platform;
   platform.clock = &clock;

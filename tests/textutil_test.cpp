@@ -220,14 +220,6 @@ TEST(LatLng, FromText) {
   EXPECT_EQ(TextToLat(huge), kLatLongError);
 }
 
-TEST(LatLng, ParseDecimal) {
-  std::string s = "12,5";
-  EXPECT_EQ(ParseDecimal(s), 12.5);
-  EXPECT_EQ(s, "12.5");
-  std::string empty;
-  EXPECT_EQ(ParseDecimal(empty), 0);
-}
-
 TEST(ErrorText, WordsAndNumbers) {
   const std::pair<int, const char*> cases[] = {
       {53, "File Not Found"}, {6, "OverFlow"},  {74, "Can't Rename with Different Drive"},

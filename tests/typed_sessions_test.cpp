@@ -99,12 +99,6 @@ TEST_F(TypedSessions, TheWindowAndTheTerminalSayTheSameWords) {
   }
 }
 
-}  // namespace
-}  // namespace quillmere::testing
-
-namespace quillmere::testing {
-namespace {
-
 // Keys on a pseudo-terminal: the line is edited with Backspace and Ctrl-U, the grave accent reads
 // it back, F1 walks the help, and Enter enters what stands.
 TEST_F(TypedSessions, KeysActOnATerminal) {
