@@ -15,8 +15,9 @@ namespace quillmere::testing {
 class FixedClock : public Clock {
  public:
   double now = *DateSerial(2006, 7, 5) + TimeSerial(12, 0, 0);
+  TimeZoneInformation zone{1, 0, 0, 0};
   double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return {1, 0, 0, 0}; }
+  TimeZoneInformation GetTimeZoneInformation() override { return zone; }
 };
 
 class RecordedMessages : public MessageBoxes {

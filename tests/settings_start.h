@@ -18,13 +18,6 @@
 
 namespace quillmere::testing {
 
-class StartClock : public Clock {
- public:
-  double now = *DateSerial(2006, 7, 5) + TimeSerial(23, 59, 58);
-  double LocalNow() override { return now; }
-  TimeZoneInformation GetTimeZoneInformation() override { return {1, 300, 0, -60}; }
-};
-
 // `ini` becomes the settings file of the program in `dir`. Returns what was said.
 inline std::vector<std::string> StartWithSettingsFile(const std::filesystem::path& dir,
                                                       const std::string& ini) {
@@ -33,7 +26,10 @@ inline std::vector<std::string> StartWithSettingsFile(const std::filesystem::pat
   std::ofstream(store / "Quillmere Speaking Edition.ini", std::ios::binary | std::ios::trunc)
       << ini;
   IniSettings settings(store.string());
-  StartClock clock;
+  // Two seconds before midnight, five hours west of Greenwich.
+  FixedClock clock;
+  clock.now = *DateSerial(2006, 7, 5) + TimeSerial(23, 59, 58);
+  clock.zone = {1, 300, 0, -60};
   RecordedMessages messages;
   RecordingVoice* voice = nullptr;
   Form1Platform platform;
