@@ -1,13 +1,12 @@
 #include "mainwindow/startup.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 
 #include "textutil/number_text.h"
-#include "textutil/text.h"
 
 namespace quillmere {
+
 std::string VersionText() {
   return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
          std::to_string(kVersionRevision);

@@ -1,4 +1,4 @@
-// The JIS record byte for byte, and the service's settings as the store gives them.
+// The JIS record byte for byte.
 
 #include "infoserver/jis_record.h"
 
@@ -61,35 +61,6 @@ TEST(JISRecord, ValuesRoundToTheirLines) {
     EXPECT_NE(record.find(c.line), std::string::npos) << c.line << "in\n" << record;
     EXPECT_EQ(std::count(record.begin(), record.end(), '\n'), 14) << c.line;
   }
-}
-
-TEST(JISSettings, ReadFromTheStore) {
-  const char* const app = "Quillmere Speaking Edition";
-  MemorySettings empty;
-  const JISSettings d = ReadJISSettings(empty, app);
-  EXPECT_EQ(d.RunJIS, 0);
-  EXPECT_EQ(d.PushJIS, 0);
-  EXPECT_EQ(d.JISIP, "127.0.0.1");
-  EXPECT_EQ(d.JISPort, 4711);
-  EXPECT_EQ(d.JISMin, 10);
-
-  MemorySettings stored;
-  stored.SaveSetting(app, "SETTINGS", "RunJIS", "1");  // sections match in any case
-  stored.SaveSetting(app, "Settings", "PushJIS", "-1");
-  stored.SaveSetting(app, "Settings", "JISIP", "::1");
-  stored.SaveSetting(app, "Settings", "JISPort", " 5000 ");
-  stored.SaveSetting(app, "Settings", "JISMin", "2.5");  // halves to even
-  const JISSettings j = ReadJISSettings(stored, app);
-  EXPECT_EQ(j.RunJIS, 1);
-  EXPECT_EQ(j.PushJIS, -1);
-  EXPECT_EQ(j.JISIP, "::1");
-  EXPECT_EQ(j.JISPort, 5000);
-  EXPECT_EQ(j.JISMin, 2);
-
-  stored.SaveSetting(app, "Settings", "JISPort", "70000");  // beyond 16 bits
-  stored.SaveSetting(app, "Settings", "JISMin", "soon");
-  EXPECT_EQ(ReadJISSettings(stored, app).JISPort, 0);
-  EXPECT_EQ(ReadJISSettings(stored, app).JISMin, 0);
 }
 
 }  // namespace

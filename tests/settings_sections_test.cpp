@@ -24,7 +24,11 @@ TEST(SettingsSections, DefaultsOfAFirstStart) {
   EXPECT_EQ(settings.DFormat, 0);
   EXPECT_EQ(settings.Latitude, 0);
   EXPECT_EQ(settings.Ephemeris, EphemerisModel::Classic);
+  EXPECT_EQ(settings.jis.RunJIS, 0);
+  EXPECT_EQ(settings.jis.PushJIS, 0);
+  EXPECT_EQ(settings.jis.JISIP, "127.0.0.1");
   EXPECT_EQ(settings.jis.JISPort, 4711);
+  EXPECT_EQ(settings.jis.JISMin, 10);
   EXPECT_EQ(settings.report.ReportHeader, 1);
   EXPECT_EQ(settings.report.ReportJupAltMin, "0");
   EXPECT_EQ(settings.report.ReportMinDuration, "0");
@@ -36,12 +40,23 @@ TEST(SettingsSections, StoredTextsIntoTheirFields) {
   const struct {
     const char *section, *key, *text;
   } stored[] = {
-      {"startup", "UseGMT", "FALSE"},           {"Startup", "AnnounceDelay", "1e999"},
-      {"Startup", "AnnounceActivity", " 1"},    {"SETTINGS", "DFormat", "70000"},
-      {"Settings", "Latitude", "1e39"},         {"Settings", "Longitude", " 75.5abc"},
-      {"Settings", "ReportIncludeHA", "1.2"},   {"Settings", "ReportIoOnly", "1.2"},
-      {"Settings", "ReportJupAltMin", " 15x"},  {"Settings", "ReportHeader", "0"},
-      {"Settings", "ReportMinDuration", "30 "}, {"Settings", "Ephemeris", "precise"},
+      {"startup", "UseGMT", "FALSE"},
+      {"Startup", "AnnounceDelay", "1e999"},
+      {"Startup", "AnnounceActivity", " 1"},
+      {"SETTINGS", "DFormat", "70000"},
+      {"Settings", "Latitude", "1e39"},
+      {"Settings", "Longitude", " 75.5abc"},
+      {"Settings", "ReportIncludeHA", "1.2"},
+      {"Settings", "ReportIoOnly", "1.2"},
+      {"Settings", "ReportJupAltMin", " 15x"},
+      {"Settings", "ReportHeader", "0"},
+      {"Settings", "ReportMinDuration", "30 "},
+      {"Settings", "Ephemeris", "precise"},
+      {"SETTINGS", "RunJIS", "1"},
+      {"Settings", "PushJIS", "-1"},
+      {"Settings", "JISIP", "::1"},
+      {"Settings", "JISPort", "70000"},
+      {"Settings", "JISMin", "2.5"},
   };
   for (const auto& s : stored) store.SaveSetting(kApp, s.section, s.key, s.text);
   const StartupSettings startup = ReadStartupSettings(store, kApp);
@@ -59,6 +74,12 @@ TEST(SettingsSections, StoredTextsIntoTheirFields) {
   EXPECT_EQ(settings.report.ReportMinDuration, "30 ");
   EXPECT_EQ(settings.Ephemeris,
             PreciseEphemerisBuilt() ? EphemerisModel::Precise : EphemerisModel::Classic);
+  EXPECT_EQ(settings.jis.RunJIS, 1);
+  EXPECT_EQ(settings.jis.PushJIS, -1);
+  EXPECT_EQ(settings.jis.JISIP, "::1");
+  EXPECT_EQ(settings.jis.JISPort, 0);  // beyond 16 bits
+  EXPECT_EQ(settings.jis.JISPortText, "70000");
+  EXPECT_EQ(settings.jis.JISMin, 2);  // halves to even
 }
 
 TEST(SettingsSections, EachWriterStoresItsKey) {
